@@ -1,0 +1,104 @@
+// The main window as plain state: its controls, named as the operator's window names them.
+#pragma once
+
+#include "link/controls.h"
+
+namespace veldor {
+
+struct Form1 {
+    QString caption;
+    // Placement and size in twips (1440 to the inch).
+    int top = 0;
+    int left = 0;
+    int width = 11520;
+    int height = 8640;
+
+    // Connection group.
+    CheckBox chkOnOff{{true, true, " CAT on/off "}, "&On/Off", 0, White};
+    Label lblTimeoutCount{{true, true, " Number of receive timeouts from rig "}, "0"};
+    Label lblUTC{{true, true, " UTC time of day "}, "00:00:00"};
+    CommandButton cmdTenMinCounter{{true, true, " 10 minute counter "}, "10 Mins"};
+
+    // Frequency display.
+    TextBox txtVfoA{{true, true, " Frequency "}};
+    TextBox txtMode{{true, true, " Current mode "}};
+    Label lblRigMode{{true, true, " Tuning mode "}};
+
+    // Meter.
+    ProgressBar pbarSmeter{{true, true, " S-Meter "}, 0, 0, 15};
+    ProgressBar pbarGotSignal{{true, true, " S-meter level that indicates got a signal "}, 3, 0, 15};
+
+    // Delays: command, S-meter and extra delay in milliseconds.
+    CheckBox chkSliders{{true, true, " Show/hide the delay sliders "}, "Delays"};
+    Slider sldCMDdelay{{true, false, {}}, 0, 0, 500};
+    Slider sldSmeterDelay{{true, false, {}}, 50, 0, 500};
+    Slider sldExtra{{true, false, {}}, 250, 0, 1000};
+    Label lblCmdDelay{{true, false, {}}, "CMD delay"};
+    Label lblAGCdelay{{true, false, {}}, "S-meter delay"};
+    Label lblExtra{{true, false, {}}, "Extra delay"};
+
+    // Transmit and scan controls that a connection enables.
+    CommandButton cmdStartStopScan{{false, true, {}}, "Start Scan"};
+    CommandButton cmdScanMemOrBank{{true, true, " Scan Memory, current Bank or Grid "}, "Scan Bnk"};
+    CheckBox chkTransmitEnable{{false, true, {}}, "TX enable"};
+    CheckBox chkSplit{{false, true, {}}, "Split"};
+
+    // The FT-897 and FT-857 feature buttons: enabled only while connected.
+    CommandButton cmdFT897Processor{{false, true, {}}, "PROC"};
+    CommandButton cmdFT897NoiseBlanker{{false, true, {}}, "NB"};
+    CommandButton cmdFT897DNF{{false, true, {}}, "DNF"};
+    CommandButton cmdFT897DNR{{false, true, {}}, "DNR"};
+    CommandButton cmdFT897DBF{{false, true, {}}, "DBF"};
+    CommandButton cmdFT897Fast{{false, true, {}}, "Fast"};
+    CommandButton cmdFT897Lock{{false, true, {}}, "Lock"};
+    CommandButton cmdFT857Processor{{false, true, {}}, "PROC"};
+    CommandButton cmdFT857NoiseBlanker{{false, true, {}}, "NB"};
+    CommandButton cmdFT857DNF{{false, true, {}}, "DNF"};
+    CommandButton cmdFT857DNR{{false, true, {}}, "DNR"};
+    CommandButton cmdFT857DBF{{false, true, {}}, "DBF"};
+    CommandButton cmdFT857Fast{{false, true, {}}, "Fast"};
+    CommandButton cmdFT857Lock{{false, true, {}}, "Lock"};
+
+    // Transverter and the large GoTo box.
+    std::array<OptionButton, 2> optXvtr{};
+    TextBox txtGoToFreq;
+    TextBox txtShowLargeGoTo{{true, false, {}}};
+
+    // Menus whose ticks the start-up sets.
+    MenuItem mnuShowLargeGoTo{"Show large &GoTo frequency box"};
+    std::array<MenuItem, 5> mnuTalk{{{"1 Slowest"}, {"2 Slower"}, {"3 Medium"}, {"4 Faster"},
+                                     {"5 Fastest"}}};
+    MenuItem mnuPollingOff{"No polling"};
+    MenuItem mnuPolling{"Fast polling"};
+    MenuItem mnuPolling02{" .2 Secs"};
+    MenuItem mnuPolling05{" .5 Secs"};
+    MenuItem mnuPolling1{"  1 Secs"};
+    MenuItem mnuPolling2{"  2 Secs"};
+    MenuItem mnuPolling5{"  5 Secs"};
+    MenuItem mnuPolling10{"10 Secs"};
+    MenuItem mnuRaiseDTR{"Ra&ise DTR"};
+    MenuItem mnuRaiseRTS{"&Raise RTS"};
+    MenuItem mnuLinkRTS{"&Link RTS to TX state"};
+    MenuItem mnuTXRXcontrolsRTS{"TX/RX button only controls RTS pin"};
+};
+
+// The connection controls: switched on and off together with the link.
+template <typename F>
+void ForEachConnectionControl(Form1& f, F&& fn) {
+    fn(f.chkSplit);
+    for (CommandButton* b :
+         {&f.cmdFT897Processor, &f.cmdFT897NoiseBlanker, &f.cmdFT897DNF, &f.cmdFT897DNR,
+          &f.cmdFT897DBF, &f.cmdFT897Fast, &f.cmdFT897Lock, &f.cmdFT857Processor,
+          &f.cmdFT857NoiseBlanker, &f.cmdFT857DNF, &f.cmdFT857DNR, &f.cmdFT857DBF,
+          &f.cmdFT857Fast, &f.cmdFT857Lock})
+        fn(*b);
+}
+
+// The messages window: the program's running log.
+struct FrmErrorList {
+    bool visible = false;
+    QString caption = "Messages";
+    TextBox txtErrors;
+};
+
+}  // namespace veldor

@@ -1,0 +1,186 @@
+#include "basic/basic.h"
+#include "link/catalogue.h"
+#include "link/serial_link.h"
+#include "link/start_stop.h"
+
+namespace veldor {
+
+namespace {
+
+// A stored boolean: the platform's "True" and "False", or a number (non-zero is true).
+bool BooleanText(const QString& text) {
+    const QString t = text.trimmed();
+    if (t.compare("True", Qt::CaseInsensitive) == 0) return true;
+    if (t.compare("False", Qt::CaseInsensitive) == 0) return false;
+    return basic::Val(t) != 0;
+}
+
+int NumberSetting(Core& c, const QString& key, const QString& defaultValue) {
+    return basic::CLng(basic::Val(GetSetting(c, c.s.AppName, "Settings", key, defaultValue)));
+}
+
+QString TextSetting(Core& c, const QString& key, const QString& defaultValue) {
+    return GetSetting(c, c.s.AppName, "Settings", key, defaultValue);
+}
+
+bool BoolSetting(Core& c, const QString& key, bool defaultValue) {
+    return BooleanText(TextSetting(c, key, defaultValue ? "True" : "False"));
+}
+
+void SetLocaleConstants(State& s, QChar systemMark) {
+    basic::SetDecimalMark(systemMark);
+    // The system's decimal mark is the second character of 1.1 in the pattern "#.0".
+    s.DecimalSeparator = basic::Format(1.1, "#.0").mid(1, 1);
+    const bool point = s.DecimalSeparator == ".";
+    s.ShiftText500 = point ? "5.00000" : "5,00000";
+    s.ShiftText060 = point ? ".60000" : ",60000";
+    s.ShiftText100 = point ? "1.00000" : "1,00000";
+    s.ShiftText010 = point ? ".10000" : ",10000";
+    s.ShiftText000 = point ? ".00000" : ",00000";
+    s.FieldDelimiter = point ? "," : ";";
+    s.OtherDecimalSeparator = point ? "," : ".";
+}
+
+}  // namespace
+
+void ShowTalkSpeedTicks(Core& c) {
+    for (int i = 0; i < 5; ++i) c.f.mnuTalk[i].checked = c.s.TalkFreq == i + 1;
+}
+
+void ShowPollingTicks(Core& c) {
+    const int32_t d = c.s.PollingDelay;
+    c.f.mnuPollingOff.checked = d == 99;
+    c.f.mnuPolling.checked = d == 0;
+    c.f.mnuPolling02.checked = d == 200;
+    c.f.mnuPolling05.checked = d == 500;
+    c.f.mnuPolling1.checked = d == 1000;
+    c.f.mnuPolling2.checked = d == 2000;
+    c.f.mnuPolling5.checked = d == 5000;
+    c.f.mnuPolling10.checked = d == 10000;
+}
+
+void ShowRtsTicks(Core& c) {
+    c.f.mnuRaiseRTS.checked = c.s.RaiseRTS == "Y";
+    c.f.mnuLinkRTS.checked = c.s.LinkRTS == "Y";
+    c.f.mnuTXRXcontrolsRTS.checked = c.s.TXRXcontrolsRTS == "Y";
+    c.f.mnuRaiseDTR.checked = c.s.RaiseDTR == "Y";
+}
+
+void LoadDelaySliders(Core& c, const QString& extraDefault) {
+    const RigInfo* rig = FindRig(c.s.RigType);
+    if (!rig) return;
+    const QString prefix = QString::fromUtf16(rig->delayPrefix.data(),
+                                              static_cast<qsizetype>(rig->delayPrefix.size()));
+    const DelayDefaults defaults = DelayDefaultsFor(c.s.RigType);
+    auto load = [&](Slider& slider, const QString& key, const QString& def) {
+        const int value = NumberSetting(c, prefix + key, def);
+        slider.value = std::clamp(value, slider.min, slider.max);
+    };
+    load(c.f.sldCMDdelay, "CMDdelay", defaults.cmd);
+    load(c.f.sldSmeterDelay, "SmeterDelay", defaults.smeter);
+    load(c.f.sldExtra, "ExtraDelay", extraDefault);
+}
+
+void InitialiseVariables(Core& c) {
+    State& s = c.s;
+    // 1. Band edges of the VHF and UHF band buttons.
+    s.VHFfreq = NumberSetting(c, "VHFfreq", "14500000");
+    s.UHFfreq = NumberSetting(c, "UHFfreq", "43300000");
+    // 2. Locale characters.
+    SetLocaleConstants(s, c.p.system->decimalSeparator());
+    // 3. ColumnHeadings is constant data (catalogue).
+    // 4. Home folder: a stored folder that has gone is treated as unset.
+    s.HomeDir = TextSetting(c, "HomeDir", "");
+    if (!s.HomeDir.isEmpty() && !c.p.system->directoryExists(s.HomeDir)) s.HomeDir.clear();
+    // 5. Start values.
+    s.VfoAActive = true;
+    s.FrequencyChangePending = false;
+    s.RecordRequested = false;
+    c.f.cmdScanMemOrBank.caption = "Scan Rnge";
+    // 6. Link flags and the defaults of the tone and shift state.
+    s.SendBusy = false;
+    s.ReceiveBusy = false;
+    s.BankSection = "Banks";
+    s.TargetOffset = "600";
+    s.TargetShift = "0";
+    s.ToneCode = "0";
+    s.ToneEncode = "0";
+    s.ToneDecode = "0";
+    s.VR5000Step = 20;
+    // 7. ModeNames, FT847ToneCodes and ToneBCD are constant data (catalogue).
+    // 8. Link keys. The link always runs with two stop bits, whatever was stored.
+    s.CommPort = TextSetting(c, "Commport", "1");
+    s.ExtraPttPort = TextSetting(c, "ExtraPttPort", "3");
+    s.ExtraPttPortEnabled = BoolSetting(c, "ExtraPttPortEnabled", false);
+    s.ExtraPttPortPins = NumberSetting(c, "ExtraPttPortPins", "1");
+    s.CommSpeed = TextSetting(c, "CommSpeed", "4800,N,8,2");
+    if (!s.CommSpeed.isEmpty()) s.CommSpeed[s.CommSpeed.size() - 1] = QLatin1Char('2');
+    s.AutoMemoryGrid = BoolSetting(c, "AutoMemoryGrid", false);
+    s.AutoStart = TextSetting(c, "AutoStart", "No");
+    // 9. Transverter.
+    s.XvtrBaseFreq = TextSetting(c, "XvtrBaseFreq", "0");
+    s.XvtrOffsetIndex = NumberSetting(c, "XvtrOffsetIndex", "0") == 1 ? 1 : 0;
+    c.f.optXvtr[0].value = s.XvtrOffsetIndex == 0;
+    c.f.optXvtr[1].value = s.XvtrOffsetIndex == 1;
+    // 10. Talk speed.
+    s.TalkFreq = std::clamp(NumberSetting(c, "TalkFreq", "4"), 1, 5);
+    ShowTalkSpeedTicks(c);
+    // 11. Polling: below 99 counts in seconds, 99 is off, larger values are milliseconds.
+    s.PollingDelay = NumberSetting(c, "PollingDelay", "0");
+    if (s.PollingDelay < 99) s.PollingDelay *= 1000;
+    s.NextPollTime = c.p.clock->milliseconds() +
+                     static_cast<uint32_t>(s.PollingDelay == 99 ? 0 : s.PollingDelay);
+    ShowPollingTicks(c);
+    // 12. Scan speed (its menu joins with the scan engine).
+    s.ScanSpeed = NumberSetting(c, "ScanSpeed", "5");
+    // 13. Rig and its delays.
+    s.RigType = TextSetting(c, "RigType", RigNotSet);
+    LoadDelaySliders(c, "250");
+    if (s.RigType == RigVR5000)
+        s.VR5000LastFreqMode = TextSetting(c, "VR5000LastFreqMode", "145.575f");
+    // 14. Switches, hang delay, and the poll timer's period.
+    s.AutoPowerOff = TextSetting(c, "AutoPowerOff", "N");
+    s.NoCmdRejMessages = BoolSetting(c, "NoCmdRejMessages", false);
+    s.ClearBuffer = TextSetting(c, "ClearBuffer", "N");
+    s.ClearIPO = TextSetting(c, "ClearIPO", "N");
+    s.UseSquelch = BoolSetting(c, "UseSquelch", true);
+    s.HangDelay = NumberSetting(c, "HangDelay", "4");
+    s.HangDelayOnSignalLoss = BoolSetting(c, "HangDelayOnSignalLoss", true);
+    c.p.tmrPollInterval->setInterval((6 - s.TalkFreq) * 26);
+    // 15. The signal threshold.
+    c.f.pbarGotSignal.value =
+        std::clamp(NumberSetting(c, "GotSignal", "3"), c.f.pbarGotSignal.min,
+                   c.f.pbarGotSignal.max);
+    // 16. RTS and DTR: the three RTS choices exclude one another.
+    s.RaiseRTS = TextSetting(c, "RaiseRTS", "N");
+    s.LinkRTS = TextSetting(c, "LinkRTS", "N");
+    s.TXRXcontrolsRTS = TextSetting(c, "TXRXcontrolsRTS", "N");
+    s.RaiseDTR = TextSetting(c, "RaiseDTR", "N");
+    if (s.LinkRTS == "Y") s.RaiseRTS = s.TXRXcontrolsRTS = "N";
+    if (s.TXRXcontrolsRTS == "Y") s.RaiseRTS = s.LinkRTS = "N";
+    ShowRtsTicks(c);
+    // 17. Memory tag, tuning steps and mouse steps.
+    s.ShowMemoryTag = TextSetting(c, "ShowMemoryTag", "N") == "Y";
+    s.StepLSB = NumberSetting(c, "StepLSB", "33");
+    s.StepUSB = NumberSetting(c, "StepUSB", "33");
+    s.StepCW = NumberSetting(c, "StepCW", "33");
+    s.StepAM = NumberSetting(c, "StepAM", "3");
+    s.StepAMN = NumberSetting(c, "StepAMN", "67");
+    s.StepWAM = NumberSetting(c, "StepWAM", "99");
+    s.StepFMN = NumberSetting(c, "StepFMN", "20");
+    s.StepWFM = NumberSetting(c, "StepWFM", "68");
+    s.MouseLSB = NumberSetting(c, "MouseLSB", "2");
+    s.MouseUSB = NumberSetting(c, "MouseUSB", "2");
+    s.MouseCW = NumberSetting(c, "MouseCW", "2");
+    s.MouseAM = NumberSetting(c, "MouseAM", "100");
+    s.MouseAMN = NumberSetting(c, "MouseAMN", "500");
+    s.MouseWAM = NumberSetting(c, "MouseWAM", "900");
+    s.MouseFMN = NumberSetting(c, "MouseFMN", "1250");
+    s.MouseWFM = NumberSetting(c, "MouseWFM", "5000");
+    // 18. Timed events, 19. window customisation for the rig, 20. screen size, 21. bands,
+    // banks and scan ranges, 22. the band and step lists: these join with their windows.
+    s.ScreenSize = TextSetting(c, "ScreenSize", "Small");
+    s.RescaleFonts = TextSetting(c, "RescaleFonts", "Yes");
+}
+
+}  // namespace veldor

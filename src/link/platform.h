@@ -1,0 +1,109 @@
+// The platform as the program core sees it: small interfaces, implemented for real in
+// src/platform and as fakes in tests. The core includes no toolkit header beyond QtCore.
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+
+namespace veldor {
+
+// A serial port as the link uses it: settings text ("4800,N,8,2"), an input buffer that is
+// polled (never event driven), RTS and DTR lines, and RTS/CTS handshaking.
+class SerialPort {
+public:
+    virtual ~SerialPort() = default;
+    // Opens the named port ("SIM", "/dev/ttyUSB0", ...). On failure returns false and puts the
+    // system's own reason in *reason.
+    virtual bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+                      QString* reason) = 0;
+    virtual void close() = 0;
+    virtual bool isOpen() const = 0;
+    virtual int inBufferCount() = 0;
+    virtual void clearInput() = 0;            // InBufferCount = 0
+    virtual QByteArray input(int maxBytes) = 0;  // maxBytes 0: all that is there
+    virtual void output(const QByteArray& bytes) = 0;
+    virtual int outBufferCount() = 0;
+    virtual void setRts(bool on) = 0;
+    virtual void setDtr(bool on) = 0;
+    // The availability query: can the port be had now (answered by trying to open it)?
+    virtual bool available(const QString& name) = 0;
+};
+
+// Milliseconds since an arbitrary start (timeGetTime), and the wall clock.
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual uint32_t milliseconds() = 0;
+    virtual QDateTime utcNow() = 0;
+    virtual QDateTime localNow() = 0;
+};
+
+// The wait of the link: let pending events run, then sleep. In tests the sleep advances a
+// virtual clock and runs the events registered for that moment.
+class EventPump {
+public:
+    virtual ~EventPump() = default;
+    virtual void processEvents() = 0;
+    virtual void sleep(int milliseconds) = 0;
+};
+
+// A repeating timer; the program reads and sets its period and whether it runs.
+class Timer {
+public:
+    virtual ~Timer() = default;
+    virtual void setEnabled(bool on) = 0;
+    virtual bool enabled() const = 0;
+    virtual void setInterval(int milliseconds) = 0;
+    virtual int interval() const = 0;
+};
+
+// Text settings addressed by (application name, section, key); keys are case-insensitive.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+    virtual QString get(const QString& appName, const QString& section, const QString& key,
+                        const QString& defaultValue) = 0;
+    virtual void save(const QString& appName, const QString& section, const QString& key,
+                      const QString& value) = 0;
+    virtual QList<QPair<QString, QString>> getAll(const QString& appName,
+                                                  const QString& section) = 0;
+};
+
+enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel };
+enum class MsgIcon { None, Information, Question, Exclamation, Critical };
+enum class MsgResult { OK, Cancel, Yes, No, Retry };
+
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+    virtual MsgResult messageBox(const QString& text, const QString& title, MsgButtons buttons,
+                                 MsgIcon icon) = 0;
+    // Returns false on cancel.
+    virtual bool inputBox(const QString& prompt, const QString& title, QString* text) = 0;
+    // Empty on cancel.
+    virtual QString browseForFolder(const QString& prompt) = 0;
+};
+
+// Folders and system facts the program asks about.
+class System {
+public:
+    virtual ~System() = default;
+    virtual bool directoryExists(const QString& path) = 0;
+    virtual QChar decimalSeparator() = 0;
+    // The screen's size in twips, for window placement.
+    virtual int screenWidthTwips() = 0;
+    virtual int screenHeightTwips() = 0;
+    virtual QString programFolder() = 0;
+    // The settings dialog, shown modally.
+    virtual void showSettings() = 0;
+    virtual void endProcess() = 0;
+};
+
+}  // namespace veldor

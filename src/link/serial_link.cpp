@@ -1,0 +1,254 @@
+#include "link/serial_link.h"
+
+#include "basic/basic.h"
+#include "link/catalogue.h"
+
+namespace veldor {
+
+namespace {
+
+constexpr int kLinkPause = 5;         // ms: the timing base of the link
+constexpr int kBusyWaitLimit = 101;   // pauses before a send or read proceeds regardless
+constexpr int kReplyPollLimit = 100;  // polls of a binary reply before it counts as lost
+constexpr int kTextWaitTests = 25;    // tests for the first byte of a text reply
+
+// A busy flag is only a courtesy: after about half a second the caller goes on regardless.
+void WaitForLink(Core& c) {
+    for (int pauses = 0; (c.s.ReceiveBusy || c.s.SendBusy) && pauses < kBusyWaitLimit; ++pauses)
+        PauseWithEvents(c, kLinkPause);
+}
+
+QString PortUnavailableText(const QString& prefix, const QString& port) {
+    return prefix + port +
+           " is not available. It may be in use by another program\r\n"
+           "If yes, then close that program and retry by clicking the On/Off button.\r\n"
+           "If no, then change the CommPort to another port and try again.";
+}
+
+void ShowMessage(Core& c, const QString& text) {
+    c.p.dialogs->messageBox(text, "VELDOR", MsgButtons::OK, MsgIcon::None);
+}
+
+}  // namespace
+
+void PauseWithEvents(Core& c, int milliseconds) {
+    c.p.pump->processEvents();
+    c.p.pump->sleep(milliseconds);
+}
+
+bool CheckFrequencyRange(Core& c, int32_t frequency) {
+    const bool inRange = InRigRanges(c.s.RigType, frequency);
+    c.s.FrequencyOutOfRange = !inRange;
+    return inRange;
+}
+
+void PutParameters(Core& c) {
+    for (int i = 0; i < 4; ++i) c.s.CommandBytes[i] = 0;
+}
+
+void SendCommand(Core& c, uint8_t opcode) {
+    SerialPort& port = *c.p.MSComm1;
+    if (!port.isOpen()) return;
+    WaitForLink(c);
+    c.s.SendBusy = true;
+    if (c.s.ClearBuffer == "Y") port.clearInput();
+    c.s.CommandBytes[4] = opcode;
+    // The whole command delay while scanning, so the rig settles between retunes; a quarter
+    // of it otherwise, which keeps an ordinary poll quick.
+    const int delay = c.s.ScanRunning ? c.f.sldCMDdelay.value : c.f.sldCMDdelay.value / 4;
+    PauseWithEvents(c, delay);
+    if (!port.isOpen()) {
+        c.s.SendBusy = false;
+        return;
+    }
+    port.output(QByteArray(reinterpret_cast<const char*>(c.s.CommandBytes.data()), 5));
+    // Five bytes leave in a few milliseconds: spin on purpose, without pumping events.
+    while (port.isOpen() && port.outBufferCount() > 0) {
+    }
+    c.s.SendBusy = false;
+}
+
+void SendText(Core& c, const QString& command) {
+    c.s.LastTextCommand = command;
+    SerialPort& port = *c.p.MSComm1;
+    if (!port.isOpen()) return;
+    port.clearInput();
+    port.output(command.toLatin1());
+}
+
+void CountTimeout(Core& c) {
+    Label& count = c.f.lblTimeoutCount;
+    count.caption = QString::number(static_cast<qint64>(basic::Val(count.caption)) + 1);
+    count.backColour = Red;
+    // The connection ended during the wait: the counter starts afresh.
+    if (c.f.chkOnOff.value == 0) {
+        count.caption = "0";
+        count.backColour = ButtonFace;
+    }
+}
+
+void ReadResponse(Core& c, int count) {
+    SerialPort& port = *c.p.MSComm1;
+    WaitForLink(c);
+    if (!port.isOpen()) {
+        c.s.ReplyBytes = QByteArray(1, '\0');
+        return;
+    }
+    c.s.ReceiveBusy = true;
+    c.s.ReplyTimedOut = false;
+    // The pause comes before the first test: the shortest read takes 5 ms, a lost one 505 ms.
+    for (int polls = 0;;) {
+        PauseWithEvents(c, kLinkPause);
+        if (++polls > kReplyPollLimit) {
+            c.s.ReplyTimedOut = true;
+            break;
+        }
+        if (!port.isOpen() || port.inBufferCount() >= count) break;
+    }
+    const int inBuffer = port.isOpen() ? port.inBufferCount() : 0;
+    if (inBuffer != count && c.s.ReplyTimedOut) CountTimeout(c);
+    if (inBuffer < 1) {
+        c.s.ReceiveBusy = false;
+        return;
+    }
+    // At most count bytes: surplus stays in the port for the next read.
+    c.s.ReplyBytes = port.input(count);
+    c.s.ReceiveBusy = false;
+}
+
+bool ReceiveData(Core& c) {
+    SerialPort& port = *c.p.MSComm1;
+    c.s.TextReply.clear();
+    if (c.s.TextResyncNeeded) {
+        c.s.TextResyncNeeded = false;
+        c.s.ReceiveBuffer.clear();
+    }
+    for (;;) {
+        bool byteCame = false;
+        for (int tests = 0; tests < kTextWaitTests; ++tests) {
+            if (!port.isOpen()) {
+                // The port went away under the read (switched off, or the device vanished).
+                c.p.dialogs->messageBox(
+                    "Error 8018 (Operation valid only when the port is open) in procedure "
+                    "ReceiveData of Module ZantikoGeneral",
+                    "VELDOR", MsgButtons::OK, MsgIcon::Critical);
+                return false;
+            }
+            if (port.inBufferCount() >= 1) {
+                byteCame = true;
+                break;
+            }
+            PauseWithEvents(c, kLinkPause);
+        }
+        if (!byteCame && c.s.ReceiveBuffer.isEmpty()) {
+            CountTimeout(c);
+            port.clearInput();
+            return false;
+        }
+        // A fragment without its ";" keeps this read waiting for as long as nothing more
+        // arrives, with the event pump running: there is deliberately no upper limit.
+        c.s.ReceiveBuffer += QString::fromLatin1(port.input(0));
+
+        // The rig's rejection answer.
+        const qsizetype rejection = c.s.ReceiveBuffer.indexOf("?;");
+        if (rejection >= 0) {
+            if (c.s.ReceiveBuffer == "?;") return false;
+            c.s.ReceiveBuffer.remove(rejection, 2);
+        }
+        const qsizetype end = c.s.ReceiveBuffer.indexOf(';');
+        if (end >= 0) {
+            c.s.TextReply = c.s.ReceiveBuffer.left(end + 1);
+            c.s.ReceiveBuffer.remove(0, end + 1);
+            return true;
+        }
+    }
+}
+
+void OpenPorts(Core& c, const QString& port, const QString& speed) {
+    SerialPort& main = *c.p.MSComm1;
+    if (main.isOpen()) main.close();
+    c.s.CommPort = port;
+    bool rtsCts = false;
+    if (c.s.RigType == RigFT450) {
+        rtsCts = true;
+        c.s.RaiseRTS = "Y";
+    }
+    main.setRts(c.s.RaiseRTS == "Y");
+    main.setDtr(c.s.RaiseDTR == "Y");
+    QString reason;
+    if (!main.open(port, speed, rtsCts, &reason)) {
+        ReportMessage(c, "COM Port " + port + ": " + reason);
+        ShowMessage(c, PortUnavailableText("COM Port ", port));
+        return;
+    }
+    PauseWithEvents(c, 100);
+    main.clearInput();
+
+    if (c.s.ExtraPttPortEnabled && c.s.ExtraPttPort == c.s.CommPort) {
+        ShowMessage(c, "The Extra PTT port must be different to the main Com port (port " +
+                           port +
+                           ")\r\nThe Extra PTT port feature has been disabled. Use the Settings "
+                           "screen to re-enable.");
+        c.s.ExtraPttPortEnabled = false;
+        return;
+    }
+    SerialPort& ptt = *c.p.PttComPort;
+    if (ptt.isOpen()) ptt.close();
+    if (!c.s.ExtraPttPortEnabled) return;
+    if (!ptt.available(c.s.ExtraPttPort)) {
+        ShowMessage(c, PortUnavailableText("PTT COM Port ", c.s.ExtraPttPort));
+        return;
+    }
+    if (!ptt.open(c.s.ExtraPttPort, speed, false, &reason))
+        ReportMessage(c, "PTT COM Port " + c.s.ExtraPttPort + ": " + reason);
+}
+
+void PrepareFrequency(Core& c, int32_t& frequency) {
+    const RigInfo* rig = FindRig(c.s.RigType);
+    const LinkFamily family = rig ? rig->family : LinkFamily::None;
+    if (family == LinkFamily::Binary && c.s.SpectrumDragging) {
+        const int32_t step = c.s.VR5000Step;
+        frequency = basic::CLng(frequency + step / 2.0) / step * step;
+    }
+    if (!CheckFrequencyRange(c, frequency)) {
+        // Deliberate: an out-of-range request leaves the display on 7 MHz.
+        c.s.CurrentFrequency = 700000;
+        return;
+    }
+    c.s.CurrentFrequency = frequency;
+    c.s.TuningFrequency = frequency;
+
+    auto& bytes = c.s.CommandBytes;
+    switch (family) {
+        case LinkFamily::Bcd:
+        case LinkFamily::ReversedBcd: {
+            c.s.FrequencyDigits = basic::Format(frequency, "00000000");
+            for (int i = 0; i < 4; ++i) {
+                const int high = c.s.FrequencyDigits[2 * i].digitValue();
+                const int low = c.s.FrequencyDigits[2 * i + 1].digitValue();
+                bytes[i] = static_cast<uint8_t>(high << 4 | low);
+            }
+            if (family == LinkFamily::ReversedBcd) {
+                // Byte 4 is the scratch of the swap; the opcode overwrites it later.
+                bytes[4] = bytes[0], bytes[0] = bytes[3], bytes[3] = bytes[4];
+                bytes[4] = bytes[1], bytes[1] = bytes[2], bytes[2] = bytes[4];
+            }
+            break;
+        }
+        case LinkFamily::Binary: {
+            const auto value = static_cast<uint32_t>(frequency);
+            bytes[0] = static_cast<uint8_t>(value >> 24);
+            bytes[1] = static_cast<uint8_t>(value >> 16);
+            bytes[2] = static_cast<uint8_t>(value >> 8);
+            bytes[3] = static_cast<uint8_t>(value);
+            break;
+        }
+        case LinkFamily::Text:
+            c.s.FrequencyDigits = basic::Format(static_cast<double>(frequency) * 10, "00000000");
+            break;
+        case LinkFamily::None:
+            break;
+    }
+}
+
+}  // namespace veldor

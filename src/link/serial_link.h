@@ -1,0 +1,25 @@
+// The only road to the rig: the five-byte frame, the FT-450's text commands, the two reply
+// collectors, the busy flags that keep a send and a read apart, and the timeout counter.
+#pragma once
+
+#include "link/core.h"
+
+namespace veldor {
+
+// Let pending events run, then sleep. Every wait of the link is this pause.
+void PauseWithEvents(Core& c, int milliseconds);
+
+bool CheckFrequencyRange(Core& c, int32_t frequency);
+
+void PutParameters(Core& c);
+void SendCommand(Core& c, uint8_t opcode);
+void SendText(Core& c, const QString& command);
+void ReadResponse(Core& c, int count);
+bool ReceiveData(Core& c);
+void OpenPorts(Core& c, const QString& port, const QString& speed);
+void PrepareFrequency(Core& c, int32_t& frequency);
+
+// One more receive timeout: the count rises and shows red for the rest of the tick.
+void CountTimeout(Core& c);
+
+}  // namespace veldor

@@ -1,0 +1,115 @@
+// The one shared state record of the program: plain values, read and written by any
+// procedure, alive from InitialiseVariables to the end of the program.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+namespace veldor {
+
+struct State {
+    // Store and files.
+    QString AppName = "VELDOR";
+    QString ConfigName;  // the name given with /CONFIG=, empty without one
+    QString ProgramVersion;
+    QString HomeDir;  // working home folder; empty when the stored one does not exist
+    QString HelpFile;
+
+    // Rig.
+    QString RigType = "Not set";
+    int32_t CurrentFrequency = 0;
+    int32_t TuningFrequency = 0;
+    QString CurrentMode;
+    bool VfoAActive = true;
+    QString VfoLetter = "A";
+    bool FrequencyOutOfRange = false;
+    QString FrequencyDigits;
+
+    // Jobs that forbid switching off.
+    bool Transmitting = false;
+    bool SpectrumRunning = false;
+    bool ScanRunning = false;
+    bool SignalPresent = false;
+    // While the operator drags on the spectrum, VR-5000 frequencies snap to the step.
+    bool SpectrumDragging = false;
+
+    // Serial link.
+    std::array<uint8_t, 5> CommandBytes{};
+    QByteArray ReplyBytes;
+    bool SendBusy = false;
+    bool ReceiveBusy = false;
+    bool ReplyTimedOut = false;
+    QString TextReply;
+    QString ReceiveBuffer;
+    bool TextResyncNeeded = false;
+    QString LastTextCommand;
+    QString ClearBuffer = "N";
+    QString CommPort = "1";
+    QString CommSpeed = "4800,N,8,2";
+    QString ExtraPttPort = "3";
+    bool ExtraPttPortEnabled = false;
+    int ExtraPttPortPins = 1;
+    QString RaiseRTS = "N";
+    QString RaiseDTR = "N";
+    QString LinkRTS = "N";
+    QString TXRXcontrolsRTS = "N";
+
+    // Start and stop.
+    QString AutoStart = "No";
+    QString AutoPowerOff = "N";
+    bool AutoMemoryGrid = false;
+    bool NoCmdRejMessages = false;
+    QString ClearIPO = "N";
+    QString ScreenSize = "Small";
+    QString RescaleFonts = "Yes";
+    bool LargeGoTo = false;
+    bool SettingsRequested = false;
+
+    // Poll cycle.
+    int TalkFreq = 4;
+    int32_t PollingDelay = 0;  // ms; 99 means polling off
+    uint32_t NextPollTime = 0;
+    bool FrequencyChangePending = false;
+    bool RecordRequested = false;
+    int ScanSpeed = 5;
+    int HangDelay = 4;
+    bool HangDelayOnSignalLoss = true;
+    bool UseSquelch = true;
+    int TenMinuteSeconds = 0;
+
+    // Band edges and transverter, in 10 Hz.
+    int32_t VHFfreq = 14500000;
+    int32_t UHFfreq = 43300000;
+    QString XvtrBaseFreq = "0";
+    int XvtrOffsetIndex = 0;
+
+    // Tone and shift defaults of the tune target.
+    QString BankSection = "Banks";
+    QString TargetOffset = "600";
+    QString TargetShift = "0";
+    QString ToneCode = "0";
+    QString ToneEncode = "0";
+    QString ToneDecode = "0";
+    int32_t VR5000Step = 20;  // 200 Hz
+    QString VR5000LastFreqMode = "145.575f";
+
+    // Display.
+    bool ShowMemoryTag = false;
+
+    // Tuning steps and mouse steps per mode group.
+    int StepLSB = 33, StepUSB = 33, StepCW = 33, StepAM = 3, StepAMN = 67, StepWAM = 99,
+        StepFMN = 20, StepWFM = 68;
+    int MouseLSB = 2, MouseUSB = 2, MouseCW = 2, MouseAM = 100, MouseAMN = 500, MouseWAM = 900,
+        MouseFMN = 1250, MouseWFM = 5000;
+
+    // Locale characters and the shift texts that depend on them.
+    QString DecimalSeparator = ".";
+    QString OtherDecimalSeparator = ",";
+    QString FieldDelimiter = ",";
+    QString ShiftText500, ShiftText060, ShiftText100, ShiftText010, ShiftText000;
+};
+
+}  // namespace veldor

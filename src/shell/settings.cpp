@@ -1,0 +1,20 @@
+#include "link/core.h"
+
+namespace veldor {
+
+QString GetSetting(Core& c, const QString& appName, const QString& section, const QString& key,
+                   const QString& defaultValue) {
+    return c.p.store->get(appName, section, key, defaultValue);
+}
+
+void SaveSetting(Core& c, const QString& appName, const QString& section, const QString& key,
+                 const QString& value) {
+    c.p.store->save(appName, section, key, value);
+}
+
+QList<QPair<QString, QString>> GetAllSettings(Core& c, const QString& appName,
+                                              const QString& section) {
+    return c.p.store->getAll(appName, section);
+}
+
+}  // namespace veldor

@@ -1,0 +1,72 @@
+// The main window: renders Form1 into widgets whose object names are the control names, and
+// forwards each user event to the handler of the same name. It holds no logic.
+#pragma once
+
+#include "link/core.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <vector>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QSlider;
+class QGroupBox;
+class QAction;
+
+namespace veldor {
+
+class MessagesWindow;
+
+class MainWindow : public QMainWindow {
+public:
+    explicit MainWindow(Core& core);
+    ~MainWindow() override;
+
+    // Shows the state the core has reached.
+    void render();
+    // Puts the window where Form1 says.
+    void place();
+    MessagesWindow* messagesWindow() { return messages_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // Runs a handler, then shows its effect.
+    void handle(const std::function<void(Core&)>& handler);
+    void buildMenus();
+
+    Core& c_;
+    MessagesWindow* messages_;
+    QCheckBox* chkOnOff_;
+    QLabel* lblTimeoutCount_;
+    QLabel* lblUTC_;
+    QPushButton* cmdTenMinCounter_;
+    QLineEdit* txtVfoA_;
+    QLineEdit* txtMode_;
+    QLabel* lblRigMode_;
+    QProgressBar* pbarSmeter_;
+    QProgressBar* pbarGotSignal_;
+    QCheckBox* chkTransmitEnable_;
+    QCheckBox* chkSplit_;
+    QPushButton* cmdStartStopScan_;
+    QPushButton* cmdScanMemOrBank_;
+    QGroupBox* frmFT897_;
+    QGroupBox* frmFT857_;
+    QCheckBox* chkSliders_;
+    QSlider* sldCMDdelay_;
+    QSlider* sldSmeterDelay_;
+    QSlider* sldExtra_;
+    QLabel* lblCmdDelay_;
+    QLabel* lblAGCdelay_;
+    QLabel* lblExtra_;
+    std::vector<std::pair<QPushButton*, CommandButton*>> modelButtons_;
+    bool rendering_ = false;
+};
+
+}  // namespace veldor

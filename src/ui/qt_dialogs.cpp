@@ -1,0 +1,89 @@
+#include "ui/qt_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QLocale>
+#include <QMessageBox>
+#include <QScreen>
+
+namespace veldor {
+
+namespace {
+constexpr int kTwipsPerPixel = 15;
+}
+
+MsgResult QtDialogs::messageBox(const QString& text, const QString& title, MsgButtons buttons,
+                                MsgIcon icon) {
+    QMessageBox box(parent ? parent() : nullptr);
+    box.setWindowTitle(title);
+    box.setText(QString(text).replace("\r\n", "\n"));
+    switch (icon) {
+        case MsgIcon::Information: box.setIcon(QMessageBox::Information); break;
+        case MsgIcon::Question: box.setIcon(QMessageBox::Question); break;
+        case MsgIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+        case MsgIcon::Critical: box.setIcon(QMessageBox::Critical); break;
+        case MsgIcon::None: break;
+    }
+    switch (buttons) {
+        case MsgButtons::OK: box.setStandardButtons(QMessageBox::Ok); break;
+        case MsgButtons::OKCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+        case MsgButtons::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+        case MsgButtons::YesNoCancel:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+            break;
+        case MsgButtons::RetryCancel:
+            box.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel);
+            break;
+    }
+    switch (box.exec()) {
+        case QMessageBox::Cancel: return MsgResult::Cancel;
+        case QMessageBox::Yes: return MsgResult::Yes;
+        case QMessageBox::No: return MsgResult::No;
+        case QMessageBox::Retry: return MsgResult::Retry;
+        default: return MsgResult::OK;
+    }
+}
+
+bool QtDialogs::inputBox(const QString& prompt, const QString& title, QString* text) {
+    bool ok = false;
+    const QString answer =
+        QInputDialog::getText(parent ? parent() : nullptr, title, prompt, QLineEdit::Normal,
+                              text ? *text : QString(), &ok);
+    if (ok && text) *text = answer;
+    return ok;
+}
+
+QString QtDialogs::browseForFolder(const QString& prompt) {
+    return QFileDialog::getExistingDirectory(parent ? parent() : nullptr, prompt,
+                                             QDir::homePath());
+}
+
+bool QtSystem::directoryExists(const QString& path) { return QDir(path).exists(); }
+
+QChar QtSystem::decimalSeparator() { return QLocale().decimalPoint().at(0); }
+
+int QtSystem::screenWidthTwips() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->availableGeometry().width() * kTwipsPerPixel : 0;
+}
+
+int QtSystem::screenHeightTwips() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->availableGeometry().height() * kTwipsPerPixel : 0;
+}
+
+QString QtSystem::programFolder() { return QCoreApplication::applicationDirPath(); }
+
+void QtSystem::showSettings() {
+    if (onShowSettings) onShowSettings();
+}
+
+void QtSystem::endProcess() {
+    ended_ = true;
+    QCoreApplication::exit(0);
+}
+
+}  // namespace veldor

@@ -1,0 +1,39 @@
+// Dialogs and system facts on Qt Widgets.
+#pragma once
+
+#include "link/platform.h"
+
+#include <QString>
+#include <functional>
+
+class QWidget;
+
+namespace veldor {
+
+class QtDialogs : public Dialogs {
+public:
+    std::function<QWidget*()> parent;
+    MsgResult messageBox(const QString& text, const QString& title, MsgButtons buttons,
+                         MsgIcon icon) override;
+    bool inputBox(const QString& prompt, const QString& title, QString* text) override;
+    QString browseForFolder(const QString& prompt) override;
+};
+
+class QtSystem : public System {
+public:
+    std::function<void()> onShowSettings;
+    QString settingsFile;
+    bool directoryExists(const QString& path) override;
+    QChar decimalSeparator() override;
+    int screenWidthTwips() override;
+    int screenHeightTwips() override;
+    QString programFolder() override;
+    void showSettings() override;
+    void endProcess() override;
+    bool ended() const { return ended_; }
+
+private:
+    bool ended_ = false;
+};
+
+}  // namespace veldor

@@ -1,0 +1,153 @@
+// The clock timer, the ten-minute counter, the delay sliders, and the tick's recovery.
+#include "link/catalogue.h"
+#include "link/start_stop.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace veldor::test {
+namespace {
+
+TEST(Clock, ShowsUtcAsHoursMinutesSeconds) {
+    Harness h;
+    h.clock.utc = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), Qt::UTC);
+    h.clock.now = 0;
+    tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.lblUTC.caption, "03:04:05");
+}
+
+TEST(TenMinuteCounter, CountsDownAndFlashesInTheLastMinute) {
+    Harness h;
+    cmdTenMinCounter_Click(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, White);
+    tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.caption, "09:59");
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, White);
+    for (int i = 0; i < 540; ++i) tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.caption, "00:59");
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, Red);  // odd
+    tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, White);  // even
+    for (int i = 0; i < 58; ++i) tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.caption, "00:00");
+    tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.caption, "10 Mins");
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, ButtonFace);
+}
+
+TEST(TenMinuteCounter, ASecondClickStopsItAtTheNextSecond) {
+    Harness h;
+    cmdTenMinCounter_Click(h.c);
+    tmrClock_Timer(h.c);
+    cmdTenMinCounter_Click(h.c);
+    tmrClock_Timer(h.c);
+    EXPECT_EQ(h.c.f.cmdTenMinCounter.caption, "10 Mins");
+}
+
+TEST(DelaySliders, SaveUnderTheKeysOfTheRigFamily) {
+    Harness h;
+    h.c.s.RigType = RigFT897D;
+    h.c.f.sldCMDdelay.value = 60;
+    sldCMDdelay_Change(h.c);
+    h.c.f.sldExtra.value = 10;
+    sldExtra_Change(h.c);
+    EXPECT_EQ(h.stored("Settings", "FT897CMDdelay"), "60");
+    EXPECT_EQ(h.stored("Settings", "FT897ExtraDelay"), "10");
+}
+
+TEST(DelaySliders, ShowAndHideTogether) {
+    Harness h;
+    h.c.f.chkSliders.value = 1;
+    chkSliders_Click(h.c);
+    EXPECT_TRUE(h.c.f.sldSmeterDelay.visible);
+    EXPECT_TRUE(h.c.f.lblExtra.visible);
+    h.c.f.chkSliders.value = 0;
+    chkSliders_Click(h.c);
+    EXPECT_FALSE(h.c.f.sldCMDdelay.visible);
+    EXPECT_FALSE(h.c.f.lblAGCdelay.visible);
+}
+
+struct Connected : Harness {
+    Connected() {
+        setting("RigType", "FT847");
+        setting("Commport", "SIM");
+        setting("HomeDir", dir.path());
+        system.existingFolders.push_back(dir.path());
+        Form_Load(c, "");
+        c.f.chkOnOff.value = 1;
+        chkOnOff_Click(c);
+    }
+};
+
+TEST(PollTick, ALostReplyReopensThePortAndTakesTheRigAgain) {
+    Connected h;
+    h.rig().clearTrace();
+    h.rig().state().catOn = false;  // the rig forgot its CAT mode
+    h.c.s.ReplyTimedOut = true;
+    tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 00");
+    EXPECT_TRUE(h.rig().state().catOn);
+    EXPECT_TRUE(h.pollTimer.on);
+    EXPECT_FALSE(h.c.s.ReplyTimedOut);
+}
+
+TEST(PollTick, TheRedOfATimeoutLastsOneTick) {
+    Connected h;
+    h.c.f.lblTimeoutCount = {{}, "3", Red};
+    tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, ButtonFace);
+    EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "3");
+}
+
+TEST(PollTick, LeavesAtOnceWhileAWaitIsInProgress) {
+    Connected h;
+    h.c.s.ReceiveBusy = true;
+    h.c.f.lblTimeoutCount.backColour = Red;
+    tmrPollInterval_Timer(h.c);
+    EXPECT_TRUE(h.pollTimer.on);
+    EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
+}
+
+TEST(PollTick, StopsForGoodWhenTheConnectionIsOff) {
+    Connected h;
+    h.c.f.chkOnOff.value = 0;
+    tmrPollInterval_Timer(h.c);
+    EXPECT_FALSE(h.pollTimer.on);
+}
+
+TEST(PollTick, RecordsTheRigForOtherPrograms) {
+    Connected h;
+    h.c.f.txtVfoA.text = "14.250.00";
+    h.c.f.txtMode.text = "USB";
+    h.c.s.SignalPresent = true;
+    h.clock.utc = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::LocalTime).toUTC();
+    h.clock.now = 0;
+    tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.stored("CurrentValues", "Frequency"), "14.250.00");
+    EXPECT_EQ(h.stored("CurrentValues", "Mode"), "USB");
+    EXPECT_EQ(h.stored("CurrentValues", "RigType"), "FT847");
+    EXPECT_EQ(h.stored("CurrentValues", "GotSignal"), "True");
+    EXPECT_EQ(h.stored("CurrentValues", "Date"), "2026/03/04");
+    EXPECT_EQ(h.stored("CurrentValues", "Time"), "05:06:07");
+}
+
+TEST(Messages, TheFirstLineOpensTheWindowAndAClosedWindowStartsAfresh) {
+    Harness h;
+    ReportMessage(h.c, "one");
+    EXPECT_TRUE(h.c.frmErrorList.visible);
+    ReportMessage(h.c, "two");
+    EXPECT_EQ(h.c.frmErrorList.txtErrors.text, "one\r\ntwo\r\n");
+    frmErrorList_Unload(h.c);
+    ReportMessage(h.c, "three");
+    EXPECT_EQ(h.c.frmErrorList.txtErrors.text, "three\r\n");
+}
+
+TEST(Messages, ALogPastTheLimitIsDroppedWhole) {
+    Harness h;
+    ReportMessage(h.c, QString(63999, 'x'));  // 64001 characters with its line end
+    ReportMessage(h.c, "next");
+    EXPECT_EQ(h.c.frmErrorList.txtErrors.text, "next\r\n");
+}
+
+}  // namespace
+}  // namespace veldor::test

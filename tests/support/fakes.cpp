@@ -1,0 +1,129 @@
+#include "support/fakes.h"
+
+#include <QDir>
+
+namespace veldor::test {
+
+void VirtualPump::processEvents() {
+    ++pumps;
+    while (!events_.empty() && events_.begin()->first <= clock_.now) {
+        auto event = std::move(events_.begin()->second);
+        events_.erase(events_.begin());
+        event();
+    }
+}
+
+void VirtualPump::sleep(int milliseconds) {
+    ++sleeps;
+    if (milliseconds > 0) clock_.now += static_cast<uint32_t>(milliseconds);
+}
+
+MsgResult ScriptedDialogs::messageBox(const QString& text, const QString& title, MsgButtons,
+                                      MsgIcon) {
+    messages.push_back({text, title});
+    if (answers.empty()) return MsgResult::OK;
+    const MsgResult answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+QString ScriptedDialogs::browseForFolder(const QString& prompt) {
+    folderPrompts.push_back(prompt);
+    return folderAnswer;
+}
+
+bool FakeSystem::directoryExists(const QString& path) {
+    return std::find(existingFolders.begin(), existingFolders.end(), path) !=
+           existingFolders.end();
+}
+
+QByteArray ScriptedPort::allWritten() const {
+    QByteArray all;
+    for (const Written& w : written) all += w.bytes;
+    return all;
+}
+
+bool ScriptedPort::open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+                        QString* reason) {
+    if (!failReason.isEmpty()) {
+        if (reason) *reason = failReason;
+        return false;
+    }
+    ++opens;
+    open_ = true;
+    openedName = name;
+    openedSettings = settings;
+    rtsCts = rtsCtsHandshake;
+    return true;
+}
+
+void ScriptedPort::take() {
+    for (auto it = pending_.begin(); it != pending_.end();) {
+        if (it->first <= clock_.now) {
+            buffer_ += it->second;
+            it = pending_.erase(it);
+        } else {
+            ++it;
+        }
+    }
+}
+
+int ScriptedPort::inBufferCount() {
+    take();
+    return open_ ? static_cast<int>(buffer_.size()) : 0;
+}
+
+void ScriptedPort::clearInput() {
+    take();
+    buffer_.clear();
+}
+
+QByteArray ScriptedPort::input(int maxBytes) {
+    take();
+    const qsizetype n = maxBytes <= 0 ? buffer_.size() : std::min<qsizetype>(maxBytes, buffer_.size());
+    const QByteArray out = buffer_.left(n);
+    buffer_.remove(0, n);
+    return out;
+}
+
+void ScriptedPort::output(const QByteArray& bytes) {
+    written.push_back({clock_.now, bytes});
+    if (answer) {
+        const QByteArray reply = answer(bytes);
+        if (!reply.isEmpty()) arrive(clock_.now + latencyMs, reply);
+    }
+}
+
+Harness::Harness(bool scriptedMainPort) {
+    store = std::make_unique<IniStore>(dir.path());
+    SerialPort* main = nullptr;
+    if (scriptedMainPort) {
+        scriptedPort = std::make_unique<ScriptedPort>(clock);
+        main = scriptedPort.get();
+    } else {
+        simPort = std::make_unique<SimPort>(clock, [this] { return c.s.RigType; });
+        main = simPort.get();
+    }
+    c.p = Platform{main,  &pttPort, &clock,   &pump,  &pollTimer,
+                   &clockTimer, store.get(), &dialogs, &system};
+}
+
+void Harness::setting(const QString& key, const QString& value) {
+    store->save(c.s.AppName, "Settings", key, value);
+}
+
+QString Harness::stored(const QString& section, const QString& key) {
+    return IniStore(dir.path()).get(c.s.AppName, section, key, "<missing>");
+}
+
+sim::RigSim& Harness::rig() { return *simPort->rig(); }
+
+QByteArray Harness::rigReceived() {
+    QByteArray all;
+    if (!simPort || !simPort->rig()) return all;
+    for (const sim::TraceEntry& e : simPort->rig()->trace())
+        if (e.dir == sim::Dir::HostToRig) all += e.bytes;
+    return all;
+}
+
+}  // namespace veldor::test

@@ -1,0 +1,156 @@
+// Test doubles of the platform: virtual time, scripted dialogs, a scripted serial port, and a
+// fresh core on a temporary settings folder.
+#pragma once
+
+#include "link/core.h"
+#include "platform/ini_store.h"
+#include "platform/sim_port.h"
+
+#include <QTemporaryDir>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace veldor::test {
+
+// Milliseconds that pass only when a pause asks them to.
+class VirtualClock : public Clock {
+public:
+    uint32_t now = 1000;
+    QDateTime utc = QDateTime(QDate(2026, 11, 23), QTime(14, 5, 9), Qt::UTC);
+    uint32_t milliseconds() override { return now; }
+    QDateTime utcNow() override { return utc.addMSecs(now); }
+    QDateTime localNow() override { return utcNow().toLocalTime(); }
+};
+
+// The event pump on virtual time: events registered for a moment run in the first pump after
+// it; a sleep advances the clock.
+class VirtualPump : public EventPump {
+public:
+    explicit VirtualPump(VirtualClock& clock) : clock_(clock) {}
+    void at(uint32_t ms, std::function<void()> event) { events_.emplace(ms, std::move(event)); }
+    void processEvents() override;
+    void sleep(int milliseconds) override;
+    int pumps = 0;
+    int sleeps = 0;
+
+private:
+    VirtualClock& clock_;
+    std::multimap<uint32_t, std::function<void()>> events_;
+};
+
+class FakeTimer : public Timer {
+public:
+    bool on = false;
+    int period = 0;
+    void setEnabled(bool enabled) override { on = enabled; }
+    bool enabled() const override { return on; }
+    void setInterval(int milliseconds) override { period = milliseconds; }
+    int interval() const override { return period; }
+};
+
+struct ShownMessage {
+    QString text;
+    QString title;
+};
+
+class ScriptedDialogs : public Dialogs {
+public:
+    std::vector<ShownMessage> messages;
+    std::deque<MsgResult> answers;  // OK when empty
+    std::vector<QString> folderPrompts;
+    QString folderAnswer;  // empty: the operator cancels
+    MsgResult messageBox(const QString& text, const QString& title, MsgButtons,
+                         MsgIcon) override;
+    bool inputBox(const QString&, const QString&, QString*) override { return false; }
+    QString browseForFolder(const QString& prompt) override;
+};
+
+class FakeSystem : public System {
+public:
+    std::vector<QString> existingFolders;
+    QChar decimalMark = '.';
+    int screenWidth = 1920 * 15;
+    int screenHeight = 1080 * 15;
+    int settingsShown = 0;
+    bool ended = false;
+    bool directoryExists(const QString& path) override;
+    QChar decimalSeparator() override { return decimalMark; }
+    int screenWidthTwips() override { return screenWidth; }
+    int screenHeightTwips() override { return screenHeight; }
+    QString programFolder() override { return "/opt/veldor"; }
+    void showSettings() override { ++settingsShown; }
+    void endProcess() override { ended = true; }
+};
+
+// A serial port whose replies a test writes in advance, each readable from a given moment.
+class ScriptedPort : public SerialPort {
+public:
+    explicit ScriptedPort(VirtualClock& clock) : clock_(clock) {}
+    // Bytes that become readable at virtual time ms.
+    void arrive(uint32_t ms, const QByteArray& bytes) { pending_.push_back({ms, bytes}); }
+    // Each write gets this reply, readable after latencyMs.
+    std::function<QByteArray(const QByteArray&)> answer;
+    uint32_t latencyMs = 10;
+
+    struct Written {
+        uint32_t atMs;
+        QByteArray bytes;
+    };
+    std::vector<Written> written;
+    QByteArray allWritten() const;
+    QString failReason;  // when set, open fails with it
+    int opens = 0;
+    bool rts = false, dtr = false, rtsCts = false;
+    QString openedName, openedSettings;
+    bool availableAnswer = true;
+
+    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+              QString* reason) override;
+    void close() override { open_ = false; }
+    bool isOpen() const override { return open_; }
+    int inBufferCount() override;
+    void clearInput() override;
+    QByteArray input(int maxBytes) override;
+    void output(const QByteArray& bytes) override;
+    int outBufferCount() override { return 0; }
+    void setRts(bool on) override { rts = on; }
+    void setDtr(bool on) override { dtr = on; }
+    bool available(const QString&) override { return availableAnswer; }
+
+private:
+    void take();
+    VirtualClock& clock_;
+    std::vector<std::pair<uint32_t, QByteArray>> pending_;
+    QByteArray buffer_;
+    bool open_ = false;
+};
+
+// A fresh core with fakes all round, its store in a temporary folder, and a simulated rig
+// (or a scripted port) on the main port.
+struct Harness {
+    explicit Harness(bool scriptedMainPort = false);
+    // Writes a key of section "Settings" before the core reads the store.
+    void setting(const QString& key, const QString& value);
+    QString stored(const QString& section, const QString& key);
+    sim::RigSim& rig();
+    // Bytes the rig received, in order.
+    QByteArray rigReceived();
+
+    QTemporaryDir dir;
+    VirtualClock clock;
+    VirtualPump pump{clock};
+    FakeTimer pollTimer, clockTimer;
+    std::unique_ptr<IniStore> store;
+    ScriptedDialogs dialogs;
+    FakeSystem system;
+    std::unique_ptr<SimPort> simPort;
+    std::unique_ptr<ScriptedPort> scriptedPort;
+    ScriptedPort pttPort{clock};
+    Core c;
+};
+
+}  // namespace veldor::test
