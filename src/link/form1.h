@@ -20,9 +20,9 @@ struct Form1 {
     CommandButton cmdTenMinCounter{{true, true, " 10 minute counter "}, "10 Mins"};
 
     // Frequency display.
-    TextBox txtVfoA{{true, true, " Frequency "}};
-    TextBox txtMode{{true, true, " Current mode "}};
-    Label lblRigMode{{true, true, " Tuning mode "}};
+    TextBox txtVfoA{{true, true, " Frequency "}, {}};
+    TextBox txtMode{{true, true, " Current mode "}, {}};
+    Label lblRigMode{{true, true, " Tuning mode "}, {}};
 
     // Meter.
     ProgressBar pbarSmeter{{true, true, " S-Meter "}, 0, 0, 15};
@@ -62,7 +62,7 @@ struct Form1 {
     // Transverter and the large GoTo box.
     std::array<OptionButton, 2> optXvtr{};
     TextBox txtGoToFreq;
-    TextBox txtShowLargeGoTo{{true, false, {}}};
+    TextBox txtShowLargeGoTo{{true, false, {}}, {}};
 
     // Menus whose ticks the start-up sets.
     MenuItem mnuShowLargeGoTo{"Show large &GoTo frequency box"};

@@ -1,0 +1,52 @@
+// The settings store: one INI file per application name, keys case-insensitive, values
+// text, every write atomic.
+#pragma once
+
+#include "link/platform.h"
+
+#include <QHash>
+#include <QString>
+
+#include <vector>
+
+namespace veldor {
+
+class IniStore : public SettingsStore {
+public:
+    explicit IniStore(QString folder);
+
+    // <config location>/VELDOR, so that $XDG_CONFIG_HOME moves it.
+    static QString defaultFolder();
+    QString fileOf(const QString& appName) const;
+
+    QString get(const QString& appName, const QString& section, const QString& key,
+                const QString& defaultValue) override;
+    void save(const QString& appName, const QString& section, const QString& key,
+              const QString& value) override;
+    QList<QPair<QString, QString>> getAll(const QString& appName,
+                                          const QString& section) override;
+
+    // How many times the file was written (a save of an unchanged value writes nothing).
+    int writes() const { return writes_; }
+
+private:
+    struct Section {
+        QString name;
+        std::vector<QPair<QString, QString>> entries;  // key as first written, value
+    };
+    using Document = std::vector<Section>;
+
+    Document& document(const QString& appName);
+    void write(const QString& appName, const Document& doc);
+
+    QString folder_;
+    QHash<QString, Document> cache_;  // by upper-cased application name
+    int writes_ = 0;
+};
+
+// The text of a document and back; any bytes parse, lines that are neither a section nor a
+// key are passed over.
+QString EscapeIniValue(const QString& value);
+QString UnescapeIniValue(const QString& text);
+
+}  // namespace veldor

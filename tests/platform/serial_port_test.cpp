@@ -1,0 +1,117 @@
+// The real serial port: settings texts, port names, failures with the system's reason, and
+// bytes through a pseudo-terminal.
+#include "platform/serial_settings.h"
+#include "platform/system_serial_port.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <QThread>
+
+namespace veldor::test {
+namespace {
+
+struct SettingsCase {
+    const char* text;
+    bool valid;
+    int baud;
+    char parity;
+    int dataBits;
+    int stopBits;
+};
+
+class SerialSettingsText : public ::testing::TestWithParam<SettingsCase> {};
+
+TEST_P(SerialSettingsText, Parses) {
+    const SettingsCase& t = GetParam();
+    const auto s = ParseSerialSettings(t.text);
+    ASSERT_EQ(s.has_value(), t.valid);
+    if (!t.valid) return;
+    EXPECT_EQ(s->baud, t.baud);
+    EXPECT_EQ(s->parity, QChar(t.parity));
+    EXPECT_EQ(s->dataBits, t.dataBits);
+    EXPECT_EQ(s->stopBits, t.stopBits);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, SerialSettingsText,
+    ::testing::Values(SettingsCase{"4800,N,8,2", true, 4800, 'N', 8, 2},
+                      SettingsCase{"38400,e,7,1", true, 38400, 'E', 7, 1},
+                      SettingsCase{" 9600 , N , 8 , 2 ", true, 9600, 'N', 8, 2},
+                      SettingsCase{"4800,N,8", false}, SettingsCase{"", false},
+                      SettingsCase{"fast,N,8,2", false}, SettingsCase{"4800,X,8,2", false},
+                      SettingsCase{"4800,N,9,2", false}, SettingsCase{"4800,N,8,3", false},
+                      SettingsCase{"-4800,N,8,2", false}));
+
+TEST(PortNames, ANumberIsTheSystemsNthPort) {
+    EXPECT_EQ(SystemPortName("1"), "/dev/ttyS0");
+    EXPECT_EQ(SystemPortName("16"), "/dev/ttyS15");
+    EXPECT_EQ(SystemPortName("/dev/ttyUSB0"), "/dev/ttyUSB0");
+    EXPECT_EQ(SystemPortName("SIM"), "SIM");
+    EXPECT_EQ(SystemPortName("0"), "0");
+}
+
+TEST(SystemPort, AMissingDeviceFailsWithTheSystemsReason) {
+    VirtualClock clock;
+    SystemSerialPort port(clock, [] { return QString("FT817"); });
+    QString reason;
+    EXPECT_FALSE(port.open("/dev/veldor-no-such-port", "4800,N,8,2", false, &reason));
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_TRUE(reason.contains("/dev/veldor-no-such-port")) << reason.toStdString();
+    EXPECT_FALSE(port.available("/dev/veldor-no-such-port"));
+    EXPECT_EQ(port.inBufferCount(), 0);
+}
+
+TEST(SystemPort, BadSettingsTextIsRefused) {
+    VirtualClock clock;
+    SystemSerialPort port(clock, [] { return QString("FT817"); });
+    QString reason;
+    EXPECT_FALSE(port.open("SIM", "4800;N;8;2", false, &reason));
+    EXPECT_TRUE(reason.contains("4800;N;8;2"));
+}
+
+TEST(SystemPort, CarriesBytesBothWaysThroughAPseudoTerminal) {
+    int master = -1, slave = -1;
+    char name[256] = {};
+    ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
+    ::close(slave);
+    {
+        termios tio{};
+        ::tcgetattr(master, &tio);
+        ::cfmakeraw(&tio);
+        ::tcsetattr(master, TCSANOW, &tio);
+    }
+    VirtualClock clock;
+    SystemSerialPort port(clock, [] { return QString("FT817"); });
+    QString reason;
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, &reason)) << reason.toStdString();
+    port.output(QByteArray::fromHex("0000000003"));
+    while (port.outBufferCount() > 0) {
+    }
+    char got[5] = {};
+    ssize_t n = 0;
+    for (int tries = 0; n < 5 && tries < 200; ++tries) {
+        const ssize_t r = ::read(master, got + n, sizeof got - static_cast<size_t>(n));
+        if (r > 0) n += r;
+        else QThread::msleep(5);
+    }
+    EXPECT_EQ(QByteArray(got, static_cast<int>(n)).toHex(), "0000000003");
+
+    const QByteArray reply = QByteArray::fromHex("0142500001");
+    ASSERT_EQ(::write(master, reply.constData(), 5), 5);
+    for (int tries = 0; port.inBufferCount() < 5 && tries < 200; ++tries) QThread::msleep(5);
+    EXPECT_EQ(port.input(3).toHex(), "014250");
+    EXPECT_EQ(port.inBufferCount(), 2);
+    port.clearInput();
+    EXPECT_EQ(port.inBufferCount(), 0);
+    port.close();
+    EXPECT_FALSE(port.isOpen());
+    ::close(master);
+}
+
+}  // namespace
+}  // namespace veldor::test
