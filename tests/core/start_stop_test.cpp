@@ -182,9 +182,9 @@ class Ft450Identity : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(Ft450Identity, IsAcceptedAndVfoAIsSelected) {
     Station st(RigFT450);
+    st.load();
     st.rig().state().ft450Id = GetParam();
     st.rig().state().vfoB = true;
-    st.load();
     st.switchOn();
     EXPECT_EQ(st.rigReceived(), "AI0;ID;VS0;");
     EXPECT_FALSE(st.rig().state().vfoB);
@@ -198,8 +198,8 @@ INSTANTIATE_TEST_SUITE_P(BothModels, Ft450Identity, ::testing::Values("0241", "0
 
 TEST(TakeControl, AnUnknownFt450IsReportedAndNotPolled) {
     Station st(RigFT450);
-    st.rig().state().ft450Id = "0123";
     st.load();
+    st.rig().state().ft450Id = "0123";
     st.switchOn();
     EXPECT_EQ(st.c.frmErrorList.txtErrors.text,
               "TakeControl: FT-450 not recognised - check cabling and Com setup\r\n"
@@ -212,8 +212,8 @@ TEST(TakeControl, AnUnknownFt450IsReportedAndNotPolled) {
 
 TEST(TakeControl, ASilentFt450IsReportedAsNoCommunication) {
     Station st(RigFT450);
-    st.rig().faults().silent = true;
     st.load();
+    st.rig().faults().silent = true;
     st.switchOn();
     EXPECT_EQ(st.c.frmErrorList.txtErrors.text,
               "TakeControl: no communication with radio - check cabling and Com setup\r\n");

@@ -18,10 +18,10 @@ namespace {
 struct SettingsCase {
     const char* text;
     bool valid;
-    int baud;
-    char parity;
-    int dataBits;
-    int stopBits;
+    int baud = 0;
+    char parity = 0;
+    int dataBits = 0;
+    int stopBits = 0;
 };
 
 class SerialSettingsText : public ::testing::TestWithParam<SettingsCase> {};

@@ -71,7 +71,7 @@ TEST_F(Store, GetAllKeepsFileOrder) {
 
 TEST_F(Store, AFileOfAnyBytesLoadsWhatLinesItHasAndNoMore) {
     QByteArray bytes;
-    for (int i = 0; i < 300000; ++i) bytes.append(static_cast<char>((i * 7919 + 13) % 256));
+    for (int i = 0; i < 300000; ++i) bytes.append(static_cast<char>((i * 13 + 7) & 0xFF));
     bytes += "\n[Settings]\nRigType=FT847\n";
     bytes.append("\xff\xfe", 2);
     bytes.append('\0');

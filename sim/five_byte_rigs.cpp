@@ -1,0 +1,303 @@
+// The binary rigs, each written from the rig's side of its CAT manual: what a frame does to
+// the rig and what the rig sends back.
+#include "sim_base.h"
+
+#include <array>
+
+namespace veldor::sim {
+
+namespace {
+
+// The mode byte of the FT-817/857/897 and FT-847 (read with 03, set with 07).
+struct ModeCode {
+    const char* name;
+    uint8_t code;
+};
+constexpr ModeCode kBcdRigModes[] = {
+    {"LSB", 0x00}, {"USB", 0x01},  {"CW", 0x02},   {"CWR", 0x03},  {"AM", 0x04},
+    {"WFM", 0x06}, {"FM", 0x08},   {"DIG", 0x0A},  {"PKT", 0x0C},  {"CWN", 0x82},
+    {"CWRN", 0x83}, {"AMN", 0x84}, {"FMN", 0x88},
+};
+
+uint8_t BcdRigModeCode(const QString& mode) {
+    for (const ModeCode& m : kBcdRigModes)
+        if (mode == m.name) return m.code;
+    return 0x01;
+}
+
+QString BcdRigModeName(uint8_t code) {
+    for (const ModeCode& m : kBcdRigModes)
+        if (code == m.code) return m.name;
+    return {};
+}
+
+QByteArray FrameBytes(uint8_t a, uint8_t b, uint8_t c, uint8_t d) {
+    QByteArray out;
+    for (uint8_t v : {a, b, c, d}) out.append(static_cast<char>(v));
+    return out;
+}
+
+// FT-817, FT-817ND, FT-857, FT-857D, FT-897, FT-897D: every command that is not a read is
+// answered by one byte.
+class Ft817Family : public FiveByteSim {
+public:
+    Ft817Family() { state_.eeprom.assign(0x2000, 0); }
+
+protected:
+    void command(const Frame& f, int64_t now) override {
+        RigState& s = state_;
+        switch (f.opcode) {
+            case 0x03: {  // read frequency and mode
+                QByteArray r = ToBcd(s.frequencyHz / 10, 8);
+                r.append(static_cast<char>(BcdRigModeCode(s.mode)));
+                return reply(r, now, true);
+            }
+            case 0xE7: {  // receive status: S-meter, squelch, tone match, discriminator
+                const int level = signalLevel(now);
+                const bool open = level > 0 || s.squelchOpen;
+                uint8_t b = static_cast<uint8_t>(level & 0x0F);
+                if (!open) b |= 0x80;
+                if (!(s.toneMatch || signalHasTone(now))) b |= 0x40;
+                if (!s.discriminatorCentred) b |= 0x20;
+                return reply(QByteArray(1, static_cast<char>(b)), now);
+            }
+            case 0xF7: {  // transmit status: 0xFF while receiving
+                if (!s.ptt) return reply(QByteArray(1, '\xFF'), now);
+                const uint8_t b = static_cast<uint8_t>((s.split ? 0x20 : 0) | 0x08);
+                return reply(QByteArray(1, static_cast<char>(b)), now);
+            }
+            case 0xBB: {  // read two EEPROM bytes
+                const int a = (f.p1 << 8 | f.p2) % static_cast<int>(s.eeprom.size());
+                const int b = (a + 1) % static_cast<int>(s.eeprom.size());
+                QByteArray r;
+                r.append(static_cast<char>(s.eeprom[a]));
+                r.append(static_cast<char>(s.eeprom[b]));
+                return reply(r, now);
+            }
+            case 0xBC: {  // write one EEPROM byte
+                const int a = (f.p1 << 8 | f.p2) % static_cast<int>(s.eeprom.size());
+                s.eeprom[a] = f.p3;
+                break;
+            }
+            case 0x01: {
+                const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
+                if (tens >= 0) s.frequencyHz = tens * 10;
+                break;
+            }
+            case 0x07: {
+                const QString mode = BcdRigModeName(f.p1);
+                if (!mode.isEmpty()) s.mode = mode;
+                break;
+            }
+            case 0x08: s.ptt = true; break;
+            case 0x88: s.ptt = false; break;
+            case 0x02: s.split = true; break;
+            case 0x82: s.split = false; break;
+            case 0x81: {  // VFO A/B toggle
+                std::swap(s.frequencyHz, s.vfoBHz);
+                s.vfoB = !s.vfoB;
+                break;
+            }
+            case 0x0F: s.poweredOn = true; break;
+            case 0x8F: s.poweredOn = false; break;
+            default: break;  // lock, clarifier, tones, shift: acknowledged
+        }
+        reply(QByteArray(1, '\0'), now);
+    }
+};
+
+// FT-847: nothing is understood outside CAT mode, and writes are not acknowledged.
+class Ft847 : public FiveByteSim {
+protected:
+    void command(const Frame& f, int64_t now) override {
+        RigState& s = state_;
+        if (f.opcode == 0x00) {
+            s.catOn = true;
+            return;
+        }
+        if (f.opcode == 0x80) {
+            s.catOn = false;
+            return;
+        }
+        if (!s.catOn) return;
+        switch (f.opcode) {
+            case 0x03: {
+                QByteArray r = ToBcd(s.frequencyHz / 10, 8);
+                r.append(static_cast<char>(BcdRigModeCode(s.mode)));
+                return reply(r, now, true);
+            }
+            case 0xE7: {  // S-meter in five bits, squelch in bit 7
+                const int level = signalLevel(now) * 2;
+                uint8_t b = static_cast<uint8_t>(std::min(level, 31));
+                if (level == 0 && !s.squelchOpen) b |= 0x80;
+                return reply(QByteArray(1, static_cast<char>(b)), now);
+            }
+            case 0xF7:
+                return reply(QByteArray(1, s.ptt ? '\x08' : '\xFF'), now);
+            case 0x01: {
+                const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
+                if (tens >= 0) s.frequencyHz = tens * 10;
+                return;
+            }
+            case 0x07: {
+                const QString mode = BcdRigModeName(f.p1);
+                if (!mode.isEmpty()) s.mode = mode;
+                return;
+            }
+            case 0x08: s.ptt = true; return;
+            case 0x88: s.ptt = false; return;
+            default: return;
+        }
+    }
+};
+
+// FT-920, FT-1000MP and FRG-100: frequency written as BCD least significant pair first, and
+// status read back in blocks.
+class StatusBlockRig : public FiveByteSim {
+public:
+    explicit StatusBlockRig(QString name) : name_(std::move(name)) {}
+
+protected:
+    // The rig's own mode numbers: P4 of opcode 0C, and the mode byte of a VFO record (with,
+    // on the FT-1000MP, the alternate flag that lives in byte 0 of the record).
+    struct Mode {
+        const char* name;
+        uint8_t set;
+        uint8_t ft920Byte;
+        uint8_t mpBits;
+        bool mpAlternate;
+    };
+    static constexpr Mode kModes[] = {
+        {"LSB", 0, 0x00, 0, false},  {"USB", 1, 0x40, 1, false},  {"CW", 2, 0x41, 2, false},
+        {"CWR", 3, 0x01, 2, true},   {"AM", 4, 0x02, 3, false},   {"AMN", 5, 0x82, 3, false},
+        {"AMS", 5, 0x02, 3, true},   {"FM", 6, 0x03, 4, false},   {"FMN", 7, 0x83, 4, false},
+        {"RTYL", 8, 0x04, 5, false}, {"RTYU", 9, 0x05, 5, true},  {"PKTL", 10, 0x06, 6, false},
+        {"PKTF", 11, 0x06, 6, true},
+    };
+
+    const Mode& mode() const {
+        for (const Mode& m : kModes)
+            if (state_.mode == m.name) return m;
+        return kModes[1];
+    }
+
+    // One VFO record of the FT-1000MP (16 bytes, frequency in 0.625 Hz steps) or of the
+    // FT-920 (14 bytes, frequency in hertz).
+    QByteArray vfoRecord(int64_t hz, int size) const {
+        QByteArray r(size, '\0');
+        const bool mp = name_ == "FT1000MP";
+        const auto value = static_cast<uint32_t>(mp ? hz * 16 / 10 : hz);
+        r[1] = static_cast<char>(value >> 24);
+        r[2] = static_cast<char>(value >> 16);
+        r[3] = static_cast<char>(value >> 8);
+        r[4] = static_cast<char>(value);
+        if (mp) {
+            if (mode().mpAlternate) r[0] = static_cast<char>(0x80);
+            r[7] = static_cast<char>(mode().mpBits);
+        } else {
+            r[7] = static_cast<char>(mode().ft920Byte);
+        }
+        return r;
+    }
+
+    void command(const Frame& f, int64_t now) override {
+        RigState& s = state_;
+        switch (f.opcode) {
+            case 0x10: {  // status update: P4 selects the block
+                if (name_ == "FRG100") {
+                    QByteArray r(19, '\0');
+                    const int64_t tens = s.frequencyHz / 10;
+                    r[2] = static_cast<char>(tens & 0xFF);
+                    r[3] = static_cast<char>((tens >> 8) & 0xFF);
+                    r[4] = static_cast<char>((tens >> 16) & 0xFF);
+                    static constexpr const char* kFrgModes[] = {"LSB", "USB", "CW", "AM", "FM"};
+                    uint8_t mode = 1;
+                    for (uint8_t i = 0; i < 5; ++i)
+                        if (s.mode == kFrgModes[i]) mode = i;
+                    r[7] = static_cast<char>(mode);
+                    return reply(r, now);
+                }
+                if (name_ == "FT1000MP") return reply(vfoRecord(s.frequencyHz, 16), now);
+                // FT-920: both VFO records, the one asked for first.
+                const bool vfoBFirst = f.p4 == 3;
+                return reply(vfoRecord(vfoBFirst ? s.vfoBHz : s.frequencyHz, 14) +
+                                 vfoRecord(vfoBFirst ? s.frequencyHz : s.vfoBHz, 14),
+                             now);
+            }
+            case 0xF7: {  // meter
+                QByteArray r(5, '\0');
+                const int level = signalLevel(now);
+                if (name_ == "FRG100") r[3] = static_cast<char>(std::min(255, level * 16));
+                else r[0] = static_cast<char>(std::min(255, level * 17));
+                return reply(r, now);
+            }
+            case 0xFA: {  // status flags
+                QByteArray r(name_ == "FT920" ? 8 : 6, '\0');
+                uint8_t flags0 = 0;
+                if (s.split) flags0 |= 0x01;
+                if (s.ptt) flags0 |= 0x80;
+                r[0] = static_cast<char>(flags0);
+                r[1] = static_cast<char>(0x20);  // VFO
+                return reply(r, now);
+            }
+            case 0x0A: {  // set frequency, least significant pair first
+                const int64_t tens = FromBcd(FrameBytes(f.p4, f.p3, f.p2, f.p1));
+                if (tens >= 0) s.frequencyHz = tens * 10;
+                return;
+            }
+            case 0x0C:
+                for (const Mode& m : kModes) {
+                    if (f.p4 != m.set) continue;
+                    s.mode = m.name;
+                    break;
+                }
+                return;
+            case 0x01: s.split = f.p4 == 1; return;
+            case 0x0F: s.ptt = f.p4 == 1; return;
+            case 0x20: s.poweredOn = f.p4 == 1; return;
+            default: return;  // 05, 0E and the rest change nothing the model shows
+        }
+    }
+
+private:
+    QString name_;
+};
+
+// VR-5000: a receiver whose frequency is written in binary and never read back.
+class Vr5000 : public FiveByteSim {
+protected:
+    void command(const Frame& f, int64_t now) override {
+        RigState& s = state_;
+        switch (f.opcode) {
+            case 0x00: s.catOn = true; return;
+            case 0x80: s.catOn = false; return;
+            case 0xE7: {
+                if (!s.catOn) return;
+                const int level = signalLevel(now);
+                uint8_t b = static_cast<uint8_t>(0x13 + 2 * level);
+                if (level == 0 && !s.squelchOpen) b |= 0x80;
+                return reply(QByteArray(1, static_cast<char>(b)), now);
+            }
+            case 0x01: {
+                if (!s.catOn) return;
+                const uint32_t tens = static_cast<uint32_t>(f.p1) << 24 |
+                                      static_cast<uint32_t>(f.p2) << 16 |
+                                      static_cast<uint32_t>(f.p3) << 8 | f.p4;
+                s.frequencyHz = static_cast<int64_t>(tens) * 10;
+                return;
+            }
+            default: return;
+        }
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<RigSim> MakeFt817Family(const QString&) { return std::make_unique<Ft817Family>(); }
+std::unique_ptr<RigSim> MakeFt847() { return std::make_unique<Ft847>(); }
+std::unique_ptr<RigSim> MakeStatusBlockRig(const QString& name) {
+    return std::make_unique<StatusBlockRig>(name);
+}
+std::unique_ptr<RigSim> MakeVr5000() { return std::make_unique<Vr5000>(); }
+
+}  // namespace veldor::sim
