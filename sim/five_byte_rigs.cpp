@@ -217,12 +217,11 @@ protected:
                     r[7] = static_cast<char>(mode);
                     return reply(r, now);
                 }
-                if (name_ == "FT1000MP") return reply(vfoRecord(s.frequencyHz, 16), now);
-                // FT-920: both VFO records, the one asked for first.
-                const bool vfoBFirst = f.p4 == 3;
-                return reply(vfoRecord(vfoBFirst ? s.vfoBHz : s.frequencyHz, 14) +
-                                 vfoRecord(vfoBFirst ? s.frequencyHz : s.vfoBHz, 14),
-                             now);
+                // The FT-1000MP gives the VFO in use for P4 = 2 and both VFOs for P4 = 3; the
+                // FT-920 always gives both, VFO A first.
+                if (name_ == "FT1000MP" && f.p4 != 3) return reply(vfoRecord(s.frequencyHz, 16), now);
+                const int size = name_ == "FT1000MP" ? 16 : 14;
+                return reply(vfoRecord(s.frequencyHz, size) + vfoRecord(s.vfoBHz, size), now);
             }
             case 0xF7: {  // meter
                 QByteArray r(5, '\0');
@@ -237,7 +236,7 @@ protected:
                 if (s.split) flags0 |= 0x01;
                 if (s.ptt) flags0 |= 0x80;
                 r[0] = static_cast<char>(flags0);
-                r[1] = static_cast<char>(0x20);  // VFO
+                if (name_ == "FT920") r[1] = static_cast<char>(0x20);  // VFO
                 return reply(r, now);
             }
             case 0x0A: {  // set frequency, least significant pair first

@@ -39,6 +39,10 @@ private:
         RigState& s = state_;
         if (cmd == "ID") return send("ID" + s.ft450Id + ";", now);
         if (cmd == "AI0" || cmd == "AI1") return;
+        if (cmd == "AI") return send("AI0;", now);
+        if (cmd == "PS") return send("PS1;", now);
+        if (cmd == "FT") return send(s.split ? "FT1;" : "FT0;", now);
+        if (cmd == "SH0") return send("SH016;", now);
         if (cmd == "VS0" || cmd == "VS1") {
             const bool wantB = cmd == "VS1";
             if (wantB != s.vfoB) {
