@@ -1,0 +1,124 @@
+// The real main window, with the real QSerialPort, over a pseudo-terminal to veldor-rigsim:
+// clicks on the widgets take the simulated FT-847 into CAT mode and out of it.
+#include "link/catalogue.h"
+#include "ui/application.h"
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLabel>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString RigsimPath() { return QStringLiteral(VELDOR_RIGSIM); }
+
+class WindowOverPty : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+        link = dir.path() + "/ttyFT847";
+        stateFile = dir.path() + "/rig.state";
+        rigsim.start(RigsimPath(), {"--rig", "FT847", "--link", link, "--state-file", stateFile});
+        ASSERT_TRUE(rigsim.waitForStarted(5000));
+        ASSERT_TRUE(rigsim.waitForReadyRead(5000));
+        QDir().mkpath(dir.path() + "/VELDOR");
+        QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+        ini.write(("[Settings]\nRigType=FT847\nCommport=" + link + "\nHomeDir=" + dir.path() +
+                   "\n")
+                      .toUtf8());
+    }
+    void TearDown() override {
+        rigsim.terminate();
+        rigsim.waitForFinished(5000);
+    }
+
+    // The rig's own account of itself, as veldor-rigsim writes it.
+    QString rigState(const QString& key) {
+        QFile f(stateFile);
+        if (!f.open(QIODevice::ReadOnly)) return {};
+        for (const QByteArray& line : f.readAll().split('\n'))
+            if (line.startsWith(key.toUtf8() + "=")) return QString::fromUtf8(line.mid(key.size() + 1));
+        return {};
+    }
+
+    bool waitForRig(const QString& key, const QString& value) {
+        QElapsedTimer t;
+        t.start();
+        while (t.elapsed() < 5000) {
+            QApplication::processEvents();
+            if (rigState(key) == value) return true;
+            QTest::qWait(20);
+        }
+        return false;
+    }
+
+    QTemporaryDir dir;
+    QString link, stateFile;
+    QProcess rigsim;
+};
+
+void ClickCheckBox(QCheckBox* box) {
+    // On the box itself, at the left where the tick is drawn.
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+}
+
+TEST_F(WindowOverPty, OnOffTakesTheFt847IntoCatModeAndOut) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    auto* onOff = app.window().findChild<QCheckBox*>("chkOnOff");
+    ASSERT_NE(onOff, nullptr);
+    EXPECT_EQ(rigState("catOn"), "0");
+
+    ClickCheckBox(onOff);
+    EXPECT_TRUE(onOff->isChecked());
+    EXPECT_TRUE(waitForRig("catOn", "1"));
+    EXPECT_EQ(app.core().f.chkOnOff.backColour, veldor::Red);
+    EXPECT_TRUE(onOff->styleSheet().contains("rgb(255,0,0)"));
+
+    ClickCheckBox(onOff);
+    EXPECT_FALSE(onOff->isChecked());
+    EXPECT_TRUE(waitForRig("catOn", "0"));
+    auto* count = app.window().findChild<QLabel*>("lblTimeoutCount");
+    ASSERT_NE(count, nullptr);
+    EXPECT_EQ(count->text(), "0");
+}
+
+TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(("[Settings]\nRigType=FT847\nCommport=" + dir.path() + "/nothing\nHomeDir=" +
+               dir.path() + "\n")
+                  .toUtf8());
+    ini.close();
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    auto* onOff = app.window().findChild<QCheckBox*>("chkOnOff");
+    // The message box is modal: answer it as soon as it shows.
+    QTimer::singleShot(200, [] {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->inherits("QMessageBox") && w->isVisible()) QTest::keyClick(w, Qt::Key_Enter);
+    });
+    ClickCheckBox(onOff);
+    EXPECT_FALSE(onOff->isChecked());
+    EXPECT_EQ(app.core().f.chkOnOff.value, 0);
+    EXPECT_TRUE(app.core().frmErrorList.txtErrors.text.contains("does not exist"));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
