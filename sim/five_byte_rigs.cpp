@@ -14,8 +14,8 @@ struct ModeCode {
     uint8_t code;
 };
 constexpr ModeCode kBcdRigModes[] = {
-    {"LSB", 0x00}, {"USB", 0x01},  {"CW", 0x02},   {"CWR", 0x03},  {"AM", 0x04},
-    {"WFM", 0x06}, {"FM", 0x08},   {"DIG", 0x0A},  {"PKT", 0x0C},  {"CWN", 0x82},
+    {"LSB", 0x00},  {"USB", 0x01}, {"CW", 0x02},  {"CWR", 0x03}, {"AM", 0x04},
+    {"WFM", 0x06},  {"FM", 0x08},  {"DIG", 0x0A}, {"PKT", 0x0C}, {"CWN", 0x82},
     {"CWRN", 0x83}, {"AMN", 0x84}, {"FMN", 0x88},
 };
 
@@ -40,10 +40,10 @@ QByteArray FrameBytes(uint8_t a, uint8_t b, uint8_t c, uint8_t d) {
 // FT-817, FT-817ND, FT-857, FT-857D, FT-897, FT-897D: every command that is not a read is
 // answered by one byte.
 class Ft817Family : public FiveByteSim {
-public:
+  public:
     Ft817Family() { state_.eeprom.assign(0x2000, 0); }
 
-protected:
+  protected:
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
         switch (f.opcode) {
@@ -89,18 +89,31 @@ protected:
                 if (!mode.isEmpty()) s.mode = mode;
                 break;
             }
-            case 0x08: s.ptt = true; break;
-            case 0x88: s.ptt = false; break;
-            case 0x02: s.split = true; break;
-            case 0x82: s.split = false; break;
+            case 0x08:
+                s.ptt = true;
+                break;
+            case 0x88:
+                s.ptt = false;
+                break;
+            case 0x02:
+                s.split = true;
+                break;
+            case 0x82:
+                s.split = false;
+                break;
             case 0x81: {  // VFO A/B toggle
                 std::swap(s.frequencyHz, s.vfoBHz);
                 s.vfoB = !s.vfoB;
                 break;
             }
-            case 0x0F: s.poweredOn = true; break;
-            case 0x8F: s.poweredOn = false; break;
-            default: break;  // lock, clarifier, tones, shift: acknowledged
+            case 0x0F:
+                s.poweredOn = true;
+                break;
+            case 0x8F:
+                s.poweredOn = false;
+                break;
+            default:
+                break;  // lock, clarifier, tones, shift: acknowledged
         }
         reply(QByteArray(1, '\0'), now);
     }
@@ -108,7 +121,7 @@ protected:
 
 // FT-847: nothing is understood outside CAT mode, and writes are not acknowledged.
 class Ft847 : public FiveByteSim {
-protected:
+  protected:
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
         if (f.opcode == 0x00) {
@@ -144,9 +157,14 @@ protected:
                 if (!mode.isEmpty()) s.mode = mode;
                 return;
             }
-            case 0x08: s.ptt = true; return;
-            case 0x88: s.ptt = false; return;
-            default: return;
+            case 0x08:
+                s.ptt = true;
+                return;
+            case 0x88:
+                s.ptt = false;
+                return;
+            default:
+                return;
         }
     }
 };
@@ -154,10 +172,10 @@ protected:
 // FT-920, FT-1000MP and FRG-100: frequency written as BCD least significant pair first, and
 // status read back in blocks.
 class StatusBlockRig : public FiveByteSim {
-public:
+  public:
     explicit StatusBlockRig(QString name) : name_(std::move(name)) {}
 
-protected:
+  protected:
     // The rig's own mode numbers: P4 of opcode 0C, and the mode byte of a VFO record (with,
     // on the FT-1000MP, the alternate flag that lives in byte 0 of the record).
     struct Mode {
@@ -168,10 +186,10 @@ protected:
         bool mpAlternate;
     };
     static constexpr Mode kModes[] = {
-        {"LSB", 0, 0x00, 0, false},  {"USB", 1, 0x40, 1, false},  {"CW", 2, 0x41, 2, false},
-        {"CWR", 3, 0x01, 2, true},   {"AM", 4, 0x02, 3, false},   {"AMN", 5, 0x82, 3, false},
-        {"AMS", 5, 0x02, 3, true},   {"FM", 6, 0x03, 4, false},   {"FMN", 7, 0x83, 4, false},
-        {"RTYL", 8, 0x04, 5, false}, {"RTYU", 9, 0x05, 5, true},  {"PKTL", 10, 0x06, 6, false},
+        {"LSB", 0, 0x00, 0, false},  {"USB", 1, 0x40, 1, false}, {"CW", 2, 0x41, 2, false},
+        {"CWR", 3, 0x01, 2, true},   {"AM", 4, 0x02, 3, false},  {"AMN", 5, 0x82, 3, false},
+        {"AMS", 5, 0x02, 3, true},   {"FM", 6, 0x03, 4, false},  {"FMN", 7, 0x83, 4, false},
+        {"RTYL", 8, 0x04, 5, false}, {"RTYU", 9, 0x05, 5, true}, {"PKTL", 10, 0x06, 6, false},
         {"PKTF", 11, 0x06, 6, true},
     };
 
@@ -219,15 +237,18 @@ protected:
                 }
                 // The FT-1000MP gives the VFO in use for P4 = 2 and both VFOs for P4 = 3; the
                 // FT-920 always gives both, VFO A first.
-                if (name_ == "FT1000MP" && f.p4 != 3) return reply(vfoRecord(s.frequencyHz, 16), now);
+                if (name_ == "FT1000MP" && f.p4 != 3)
+                    return reply(vfoRecord(s.frequencyHz, 16), now);
                 const int size = name_ == "FT1000MP" ? 16 : 14;
                 return reply(vfoRecord(s.frequencyHz, size) + vfoRecord(s.vfoBHz, size), now);
             }
             case 0xF7: {  // meter
                 QByteArray r(5, '\0');
                 const int level = signalLevel(now);
-                if (name_ == "FRG100") r[3] = static_cast<char>(std::min(255, level * 16));
-                else r[0] = static_cast<char>(std::min(255, level * 17));
+                if (name_ == "FRG100")
+                    r[3] = static_cast<char>(std::min(255, level * 16));
+                else
+                    r[0] = static_cast<char>(std::min(255, level * 17));
                 return reply(r, now);
             }
             case 0xFA: {  // status flags
@@ -251,25 +272,36 @@ protected:
                     break;
                 }
                 return;
-            case 0x01: s.split = f.p4 == 1; return;
-            case 0x0F: s.ptt = f.p4 == 1; return;
-            case 0x20: s.poweredOn = f.p4 == 1; return;
-            default: return;  // 05, 0E and the rest change nothing the model shows
+            case 0x01:
+                s.split = f.p4 == 1;
+                return;
+            case 0x0F:
+                s.ptt = f.p4 == 1;
+                return;
+            case 0x20:
+                s.poweredOn = f.p4 == 1;
+                return;
+            default:
+                return;  // 05, 0E and the rest change nothing the model shows
         }
     }
 
-private:
+  private:
     QString name_;
 };
 
 // VR-5000: a receiver whose frequency is written in binary and never read back.
 class Vr5000 : public FiveByteSim {
-protected:
+  protected:
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
         switch (f.opcode) {
-            case 0x00: s.catOn = true; return;
-            case 0x80: s.catOn = false; return;
+            case 0x00:
+                s.catOn = true;
+                return;
+            case 0x80:
+                s.catOn = false;
+                return;
             case 0xE7: {
                 if (!s.catOn) return;
                 const int level = signalLevel(now);
@@ -285,18 +317,25 @@ protected:
                 s.frequencyHz = static_cast<int64_t>(tens) * 10;
                 return;
             }
-            default: return;
+            default:
+                return;
         }
     }
 };
 
 }  // namespace
 
-std::unique_ptr<RigSim> MakeFt817Family(const QString&) { return std::make_unique<Ft817Family>(); }
-std::unique_ptr<RigSim> MakeFt847() { return std::make_unique<Ft847>(); }
+std::unique_ptr<RigSim> MakeFt817Family(const QString&) {
+    return std::make_unique<Ft817Family>();
+}
+std::unique_ptr<RigSim> MakeFt847() {
+    return std::make_unique<Ft847>();
+}
 std::unique_ptr<RigSim> MakeStatusBlockRig(const QString& name) {
     return std::make_unique<StatusBlockRig>(name);
 }
-std::unique_ptr<RigSim> MakeVr5000() { return std::make_unique<Vr5000>(); }
+std::unique_ptr<RigSim> MakeVr5000() {
+    return std::make_unique<Vr5000>();
+}
 
 }  // namespace veldor::sim

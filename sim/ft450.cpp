@@ -10,7 +10,7 @@ struct TextMode {
     const char* name;
     char digit;
 };
-constexpr TextMode kModes[] = {{"LSB", '1'},  {"USB", '2'}, {"CW", '3'},   {"FM", '4'},
+constexpr TextMode kModes[] = {{"LSB", '1'},  {"USB", '2'},  {"CW", '3'},  {"FM", '4'},
                                {"AM", '5'},   {"RTYL", '6'}, {"CWR", '7'}, {"USRL", '8'},
                                {"RTYU", '9'}, {"FMN", 'B'},  {"USRU", 'C'}};
 
@@ -21,7 +21,7 @@ char ModeDigit(const QString& mode) {
 }
 
 class Ft450 : public SimBase {
-protected:
+  protected:
     void takeCommands(int64_t now) override {
         for (qsizetype end = input.indexOf(';'); end >= 0; end = input.indexOf(';')) {
             const QByteArray cmd = input.left(end);
@@ -30,8 +30,10 @@ protected:
         }
     }
 
-private:
-    QString frequencyDigits() const { return QString("%1").arg(state_.frequencyHz, 8, 10, QChar('0')); }
+  private:
+    QString frequencyDigits() const {
+        return QString("%1").arg(state_.frequencyHz, 8, 10, QChar('0'));
+    }
 
     void send(const QString& text, int64_t now) { reply(text.toLatin1(), now); }
 
@@ -78,7 +80,8 @@ private:
             const int level = signalLevel(now) * 17;
             return send(QString("SM0%1;").arg(level, 3, 10, QChar('0')), now);
         }
-        if (cmd == "BY") return send(signalLevel(now) > 0 || s.squelchOpen ? "BY10;" : "BY00;", now);
+        if (cmd == "BY")
+            return send(signalLevel(now) > 0 || s.squelchOpen ? "BY10;" : "BY00;", now);
         if (cmd == "TX") return send(s.ptt ? "TX1;" : "TX0;", now);
         if (cmd == "TX1") {
             s.ptt = true;
@@ -94,6 +97,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<RigSim> MakeFt450() { return std::make_unique<Ft450>(); }
+std::unique_ptr<RigSim> MakeFt450() {
+    return std::make_unique<Ft450>();
+}
 
 }  // namespace veldor::sim

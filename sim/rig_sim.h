@@ -27,8 +27,8 @@ struct TraceEntry {
 
 // Faults that the next replies suffer. Each count is consumed one reply at a time.
 struct Faults {
-    int dropReplies = 0;        // swallow the next N replies whole
-    int cutShortReplies = 0;    // send only the first half of the next N replies
+    int dropReplies = 0;          // swallow the next N replies whole
+    int cutShortReplies = 0;      // send only the first half of the next N replies
     int corruptDigitReplies = 0;  // put 0xA in a BCD nibble of the next N frequency replies
     QByteArray strayBeforeNext;   // bytes sent in front of the next reply
     bool silent = false;          // answer nothing at all while set
@@ -56,7 +56,7 @@ struct RigState {
 };
 
 class RigSim {
-public:
+  public:
     virtual ~RigSim() = default;
 
     // "FT817", "FT817ND", "FT847", "FT857", "FT857D", "FT897", "FT897D", "FT450", "FT920",

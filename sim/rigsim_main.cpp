@@ -5,17 +5,17 @@
 #include <QString>
 #include <QStringList>
 
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/stat.h>
-#include <termios.h>
-#include <unistd.h>
 
 namespace {
 
@@ -23,7 +23,9 @@ using veldor::sim::Dir;
 using veldor::sim::RigSim;
 
 volatile std::sig_atomic_t stopRequested = 0;
-void OnStop(int) { stopRequested = 1; }
+void OnStop(int) {
+    stopRequested = 1;
+}
 
 constexpr const char* kHelp =
     "veldor-rigsim --rig NAME [options]\n"
@@ -65,20 +67,34 @@ bool Apply(RigSim& rig, const QString& line) {
     bool ok = true;
     auto& s = rig.state();
     auto& f = rig.faults();
-    if (key == "freq") s.frequencyHz = v.toLongLong(&ok);
-    else if (key == "freqb") s.vfoBHz = v.toLongLong(&ok);
-    else if (key == "mode") s.mode = v.toUpper();
-    else if (key == "smeter") s.sMeter = v.toInt(&ok);
-    else if (key == "ptt") s.ptt = v == "1";
-    else if (key == "split") s.split = v == "1";
-    else if (key == "id") s.ft450Id = v;
-    else if (key == "drop") f.dropReplies = v.toInt(&ok);
-    else if (key == "cut") f.cutShortReplies = v.toInt(&ok);
-    else if (key == "corrupt") f.corruptDigitReplies = v.toInt(&ok);
-    else if (key == "stray") f.strayBeforeNext = QByteArray::fromHex(v.toLatin1());
-    else if (key == "silent") f.silent = v == "1";
-    else if (key == "latency") f.extraLatencyMs = v.toInt(&ok);
-    else return false;
+    if (key == "freq")
+        s.frequencyHz = v.toLongLong(&ok);
+    else if (key == "freqb")
+        s.vfoBHz = v.toLongLong(&ok);
+    else if (key == "mode")
+        s.mode = v.toUpper();
+    else if (key == "smeter")
+        s.sMeter = v.toInt(&ok);
+    else if (key == "ptt")
+        s.ptt = v == "1";
+    else if (key == "split")
+        s.split = v == "1";
+    else if (key == "id")
+        s.ft450Id = v;
+    else if (key == "drop")
+        f.dropReplies = v.toInt(&ok);
+    else if (key == "cut")
+        f.cutShortReplies = v.toInt(&ok);
+    else if (key == "corrupt")
+        f.corruptDigitReplies = v.toInt(&ok);
+    else if (key == "stray")
+        f.strayBeforeNext = QByteArray::fromHex(v.toLatin1());
+    else if (key == "silent")
+        f.silent = v == "1";
+    else if (key == "latency")
+        f.extraLatencyMs = v.toInt(&ok);
+    else
+        return false;
     return ok;
 }
 
@@ -127,16 +143,26 @@ int main(int argc, char* argv[]) {
             std::fputs(kHelp, stdout);
             return 0;
         }
-        if (a == "--rig") o.rig = next();
-        else if (a == "--link") o.link = next();
-        else if (a == "--baud") o.baud = next().toInt();
-        else if (a == "--stop-bits") o.stopBits = next().toInt();
-        else if (a == "--trace") o.trace = next();
-        else if (a == "--state-file") o.stateFile = next();
-        else if (a == "--control") o.control = next();
-        else if (a == "--freq") o.freq = next().toLongLong();
-        else if (a == "--mode") o.mode = next();
-        else if (a == "--faults") o.faults = next();
+        if (a == "--rig")
+            o.rig = next();
+        else if (a == "--link")
+            o.link = next();
+        else if (a == "--baud")
+            o.baud = next().toInt();
+        else if (a == "--stop-bits")
+            o.stopBits = next().toInt();
+        else if (a == "--trace")
+            o.trace = next();
+        else if (a == "--state-file")
+            o.stateFile = next();
+        else if (a == "--control")
+            o.control = next();
+        else if (a == "--freq")
+            o.freq = next().toLongLong();
+        else if (a == "--mode")
+            o.mode = next();
+        else if (a == "--faults")
+            o.faults = next();
         else {
             std::fprintf(stderr, "veldor-rigsim: unknown option %s\n%s", argv[i], kHelp);
             return 2;
@@ -218,17 +244,20 @@ int main(int argc, char* argv[]) {
             char buf[256];
             const ssize_t n = ::read(control, buf, sizeof buf);
             if (n > 0) controlLine.append(buf, static_cast<int>(n));
-            for (qsizetype nl = controlLine.indexOf('\n'); nl >= 0; nl = controlLine.indexOf('\n')) {
+            for (qsizetype nl = controlLine.indexOf('\n'); nl >= 0;
+                 nl = controlLine.indexOf('\n')) {
                 const QString line = QString::fromLatin1(controlLine.left(nl)).trimmed();
                 controlLine.remove(0, nl + 1);
                 if (!line.isEmpty() && !Apply(*rig, line))
-                    std::fprintf(stderr, "veldor-rigsim: bad control line '%s'\n", qPrintable(line));
+                    std::fprintf(stderr, "veldor-rigsim: bad control line '%s'\n",
+                                 qPrintable(line));
                 WriteState(*rig, o.stateFile);
             }
         }
         const QByteArray out = rig->read(t, -1);
         if (!out.isEmpty()) {
-            [[maybe_unused]] const ssize_t w = ::write(master, out.constData(), static_cast<size_t>(out.size()));
+            [[maybe_unused]] const ssize_t w =
+                ::write(master, out.constData(), static_cast<size_t>(out.size()));
         }
         if (trace && !rig->trace().empty()) {
             for (const auto& e : rig->trace())

@@ -10,14 +10,14 @@ namespace {
 // The band of signals: carriers the S-meter finds when the rig sits on them.
 struct Carrier {
     int64_t hz;
-    int level;        // S-meter step 0..15
-    int periodMs;     // 0: always there; else on for the first half of each period
-    bool tone;        // carries a CTCSS tone
+    int level;     // S-meter step 0..15
+    int periodMs;  // 0: always there; else on for the first half of each period
+    bool tone;     // carries a CTCSS tone
 };
 
 constexpr Carrier kBand[] = {
-    {3'573'000, 6, 0, false},    {7'074'000, 9, 0, false},       {14'074'000, 11, 0, false},
-    {14'250'000, 5, 8'000, false}, {21'074'000, 7, 0, false},    {28'500'000, 4, 12'000, false},
+    {3'573'000, 6, 0, false},        {7'074'000, 9, 0, false},    {14'074'000, 11, 0, false},
+    {14'250'000, 5, 8'000, false},   {21'074'000, 7, 0, false},   {28'500'000, 4, 12'000, false},
     {145'500'000, 13, 20'000, true}, {145'575'000, 10, 0, false}, {433'500'000, 8, 15'000, true},
     {446'006'250, 12, 6'000, false},
 };
@@ -66,7 +66,8 @@ void SimBase::setLine(int baud, int stopBits) {
 void SimBase::traceChunk(TraceEntry entry) {
     // A rig left running for hours keeps only its recent traffic.
     constexpr size_t kTraceLimit = 20000;
-    if (trace_.size() >= kTraceLimit) trace_.erase(trace_.begin(), trace_.begin() + kTraceLimit / 2);
+    if (trace_.size() >= kTraceLimit)
+        trace_.erase(trace_.begin(), trace_.begin() + kTraceLimit / 2);
     trace_.push_back(std::move(entry));
 }
 
@@ -128,7 +129,9 @@ QByteArray SimBase::read(int64_t nowMs, int maxBytes) {
     return bytes;
 }
 
-void SimBase::discardReadable(int64_t nowMs) { read(nowMs, -1); }
+void SimBase::discardReadable(int64_t nowMs) {
+    read(nowMs, -1);
+}
 
 int SimBase::signalLevel(int64_t nowMs) const {
     const Carrier* c = StrongestAt(state_.frequencyHz, nowMs);
@@ -162,8 +165,8 @@ std::unique_ptr<RigSim> RigSim::create(const QString& rigName) {
 }
 
 QStringList RigSim::rigNames() {
-    return {"FT817", "FT817ND", "FT847", "FT857",    "FT857D", "FT897",
-            "FT897D", "FT450",  "FT920", "FT1000MP", "FRG100", "VR5000"};
+    return {"FT817",  "FT817ND", "FT847", "FT857",    "FT857D", "FT897",
+            "FT897D", "FT450",   "FT920", "FT1000MP", "FRG100", "VR5000"};
 }
 
 }  // namespace veldor::sim

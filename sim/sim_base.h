@@ -9,7 +9,7 @@
 namespace veldor::sim {
 
 class SimBase : public RigSim {
-public:
+  public:
     void setLine(int baud, int stopBits) override;
     void write(const QByteArray& bytes, int64_t nowMs) override;
     int available(int64_t nowMs) const override;
@@ -20,7 +20,7 @@ public:
     const std::vector<TraceEntry>& trace() const override { return trace_; }
     void clearTrace() override { trace_.clear(); }
 
-protected:
+  protected:
     // Bytes from the host wait in `input` until the model takes a whole command.
     virtual void takeCommands(int64_t nowMs) = 0;
     // Queues a reply. A frequency reply may have a digit corrupted by the faults.
@@ -34,7 +34,7 @@ protected:
     QByteArray input;
     RigState state_;
 
-private:
+  private:
     void traceChunk(TraceEntry entry);
 
     struct Outgoing {
@@ -51,7 +51,7 @@ private:
 
 // Binary rigs: five-byte frames, parameters P1..P4 then the opcode.
 class FiveByteSim : public SimBase {
-protected:
+  protected:
     struct Frame {
         uint8_t p1, p2, p3, p4, opcode;
     };

@@ -5,9 +5,9 @@
 #include <QSocketNotifier>
 #include <QStringList>
 
-#include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <csignal>
 
 namespace {
 

@@ -9,7 +9,9 @@ namespace {
 
 QChar gDecimalMark = '.';
 
-bool IsBlank(QChar c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool IsBlank(QChar c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 template <typename T>
 T RoundHalfEven(double x) {
@@ -40,8 +42,12 @@ double RadixPrefix(const QString& t, int i) {
 
 }  // namespace
 
-void SetDecimalMark(QChar mark) { gDecimalMark = mark; }
-QChar DecimalMark() { return gDecimalMark; }
+void SetDecimalMark(QChar mark) {
+    gDecimalMark = mark;
+}
+QChar DecimalMark() {
+    return gDecimalMark;
+}
 
 double Val(const QString& text) {
     // Blanks anywhere in the number are passed over.
@@ -81,10 +87,16 @@ double Val(const QString& text) {
     return ok && std::isfinite(value) ? value : 0;
 }
 
-double Int(double x) { return std::floor(x); }
+double Int(double x) {
+    return std::floor(x);
+}
 
-int32_t CLng(double x) { return RoundHalfEven<int32_t>(x); }
-int16_t CInt(double x) { return RoundHalfEven<int16_t>(x); }
+int32_t CLng(double x) {
+    return RoundHalfEven<int32_t>(x);
+}
+int16_t CInt(double x) {
+    return RoundHalfEven<int16_t>(x);
+}
 
 bool IsNumeric(const QString& text) {
     const QString t = text.trimmed();
@@ -159,8 +171,10 @@ QString Format(double value, const QString& pattern) {
     QString outFraction;
     int kept = static_cast<int>(fraction.size());
     for (qsizetype i = fracPattern.size() - 1; i >= 0 && kept > 0; --i) {
-        if (fracPattern[i] == '#' && fraction[kept - 1] == '0') --kept;
-        else break;
+        if (fracPattern[i] == '#' && fraction[kept - 1] == '0')
+            --kept;
+        else
+            break;
     }
     int f = 0;
     for (QChar p : fracPattern) {

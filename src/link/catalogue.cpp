@@ -30,8 +30,7 @@ constexpr RigInfo kRigs[] = {
     {u"FT897D", u"FT897", LinkFamily::Bcd, kFT857Ranges, ToneList::Tones50, false},
     {u"FT450", u"FT450", LinkFamily::Text, kFT450Ranges, ToneList::Tones50, false},
     {u"FT920", u"FT920", LinkFamily::ReversedBcd, kFT920Ranges, ToneList::Tones39, false},
-    {u"FT1000MP", u"FT1000MP", LinkFamily::ReversedBcd, kFT1000MPRanges, ToneList::None,
-     false},
+    {u"FT1000MP", u"FT1000MP", LinkFamily::ReversedBcd, kFT1000MPRanges, ToneList::None, false},
     {u"FRG100", u"FRG100", LinkFamily::ReversedBcd, kFRG100Ranges, ToneList::Tones39, true},
     {u"VR5000", u"VR5000", LinkFamily::Binary, kVR5000Ranges, ToneList::Tones39, true},
 };
@@ -53,7 +52,7 @@ constexpr const char* kTones39[] = {
 constexpr int kShortLead = 6;
 constexpr int kTones39From100 = 12;
 constexpr const char* kShortLeadTones[kShortLead] = {"67.0", "71.9", "77.0",
-                                                      "82.5", "88.5", "94.8"};
+                                                     "82.5", "88.5", "94.8"};
 
 constexpr const char* kDcsCodes[] = {
     "023", "025", "026", "031", "032", "036", "043", "047", "051", "053", "054", "065", "071",
@@ -110,7 +109,9 @@ std::array<const char*, kShortLead + 39 - kTones39From100> MakeShortTones() {
 
 }  // namespace
 
-std::span<const RigInfo> AllRigs() { return kRigs; }
+std::span<const RigInfo> AllRigs() {
+    return kRigs;
+}
 
 const RigInfo* FindRig(const QString& rigType) {
     for (const RigInfo& rig : kRigs)
@@ -131,21 +132,31 @@ bool IsKnownMode(const QString& mode) {
     return !mode.isEmpty() && ModeNames.contains(QLatin1Char('|') + mode + QLatin1Char('|'));
 }
 
-std::span<const char* const> Tones50() { return kTones50; }
-std::span<const char* const> Tones39() { return kTones39; }
+std::span<const char* const> Tones50() {
+    return kTones50;
+}
+std::span<const char* const> Tones39() {
+    return kTones39;
+}
 std::span<const char* const> ShortTones() {
     static const auto list = MakeShortTones();
     return list;
 }
-std::span<const char* const> DcsCodes() { return kDcsCodes; }
+std::span<const char* const> DcsCodes() {
+    return kDcsCodes;
+}
 
-const std::array<uint8_t, 100>& ToneBCD() { return kToneBCD; }
-const std::array<uint8_t, 39>& FT847ToneCodes() { return kFT847ToneCodes; }
+const std::array<uint8_t, 100>& ToneBCD() {
+    return kToneBCD;
+}
+const std::array<uint8_t, 39>& FT847ToneCodes() {
+    return kFT847ToneCodes;
+}
 
 const std::array<QString, 13>& ColumnHeadings() {
     static const std::array<QString, 13> headings = {
-        "Memory", "RX Freq",   "RX Mode", "Shift", "TX Shift/Freq", "TX Mode",    "CTCSS/DCS",
-        "Tone/Code", "Show", "Name",    "Scan",  "Group",         "Description"};
+        "Memory",    "RX Freq", "RX Mode", "Shift", "TX Shift/Freq", "TX Mode",    "CTCSS/DCS",
+        "Tone/Code", "Show",    "Name",    "Scan",  "Group",         "Description"};
     return headings;
 }
 

@@ -28,11 +28,11 @@ inline const QString RigVR5000 = QStringLiteral("VR5000");
 inline const QString RigNotSet = QStringLiteral("Not set");
 
 enum class LinkFamily {
-    None,        // "Not set"
-    Bcd,         // five-byte frames, BCD frequency, most significant pair first
+    None,         // "Not set"
+    Bcd,          // five-byte frames, BCD frequency, most significant pair first
     ReversedBcd,  // five-byte frames, BCD frequency, least significant pair first
-    Binary,      // five-byte frames, big-endian binary frequency (VR-5000)
-    Text,        // ";"-ended text (FT-450)
+    Binary,       // five-byte frames, big-endian binary frequency (VR-5000)
+    Text,         // ";"-ended text (FT-450)
 };
 
 enum class ToneList { None, Tones50, Tones39 };
@@ -61,9 +61,9 @@ std::span<const RigInfo> AllRigs();
 bool InRigRanges(const QString& rigType, int32_t frequency);
 
 // The whole list of mode names; a name is known when "|" + name + "|" stands in it.
-inline const QString ModeNames =
-    QStringLiteral("|FM|FMN|WFM|AM|AMN|WAM|USB|LSB|CW|CWR|PKT|DIG|CWRN|CWN|AMS|PKTF|PKTL|RTYL|"
-                   "RTYU|USRU|USRL|");
+inline const QString ModeNames = QStringLiteral(
+    "|FM|FMN|WFM|AM|AMN|WAM|USB|LSB|CW|CWR|PKT|DIG|CWRN|CWN|AMS|PKTF|PKTL|RTYL|"
+    "RTYU|USRU|USRL|");
 bool IsKnownMode(const QString& mode);
 
 // Tone and code lists, each item in the form the operator sees ("67.0", "023").

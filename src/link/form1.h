@@ -26,7 +26,8 @@ struct Form1 {
 
     // Meter.
     ProgressBar pbarSmeter{{true, true, " S-Meter "}, 0, 0, 15};
-    ProgressBar pbarGotSignal{{true, true, " S-meter level that indicates got a signal "}, 3, 0, 15};
+    ProgressBar pbarGotSignal{
+        {true, true, " S-meter level that indicates got a signal "}, 3, 0, 15};
 
     // Delays: command, S-meter and extra delay in milliseconds.
     CheckBox chkSliders{{true, true, " Show/hide the delay sliders "}, "Delays"};
@@ -66,8 +67,8 @@ struct Form1 {
 
     // Menus whose ticks the start-up sets.
     MenuItem mnuShowLargeGoTo{"Show large &GoTo frequency box"};
-    std::array<MenuItem, 5> mnuTalk{{{"1 Slowest"}, {"2 Slower"}, {"3 Medium"}, {"4 Faster"},
-                                     {"5 Fastest"}}};
+    std::array<MenuItem, 5> mnuTalk{
+        {{"1 Slowest"}, {"2 Slower"}, {"3 Medium"}, {"4 Faster"}, {"5 Fastest"}}};
     MenuItem mnuPollingOff{"No polling"};
     MenuItem mnuPolling{"Fast polling"};
     MenuItem mnuPolling02{" .2 Secs"};
@@ -86,11 +87,10 @@ struct Form1 {
 template <typename F>
 void ForEachConnectionControl(Form1& f, F&& fn) {
     fn(f.chkSplit);
-    for (CommandButton* b :
-         {&f.cmdFT897Processor, &f.cmdFT897NoiseBlanker, &f.cmdFT897DNF, &f.cmdFT897DNR,
-          &f.cmdFT897DBF, &f.cmdFT897Fast, &f.cmdFT897Lock, &f.cmdFT857Processor,
-          &f.cmdFT857NoiseBlanker, &f.cmdFT857DNF, &f.cmdFT857DNR, &f.cmdFT857DBF,
-          &f.cmdFT857Fast, &f.cmdFT857Lock})
+    for (CommandButton* b : {&f.cmdFT897Processor, &f.cmdFT897NoiseBlanker, &f.cmdFT897DNF,
+                             &f.cmdFT897DNR, &f.cmdFT897DBF, &f.cmdFT897Fast, &f.cmdFT897Lock,
+                             &f.cmdFT857Processor, &f.cmdFT857NoiseBlanker, &f.cmdFT857DNF,
+                             &f.cmdFT857DNR, &f.cmdFT857DBF, &f.cmdFT857Fast, &f.cmdFT857Lock})
         fn(*b);
 }
 

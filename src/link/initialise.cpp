@@ -148,9 +148,8 @@ void InitialiseVariables(Core& c) {
     s.HangDelayOnSignalLoss = BoolSetting(c, "HangDelayOnSignalLoss", true);
     c.p.tmrPollInterval->setInterval((6 - s.TalkFreq) * 26);
     // 15. The signal threshold.
-    c.f.pbarGotSignal.value =
-        std::clamp(NumberSetting(c, "GotSignal", "3"), c.f.pbarGotSignal.min,
-                   c.f.pbarGotSignal.max);
+    c.f.pbarGotSignal.value = std::clamp(NumberSetting(c, "GotSignal", "3"), c.f.pbarGotSignal.min,
+                                         c.f.pbarGotSignal.max);
     // 16. RTS and DTR: the three RTS choices exclude one another.
     s.RaiseRTS = TextSetting(c, "RaiseRTS", "N");
     s.LinkRTS = TextSetting(c, "LinkRTS", "N");

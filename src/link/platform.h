@@ -17,7 +17,7 @@ namespace veldor {
 // A serial port as the link uses it: settings text ("4800,N,8,2"), an input buffer that is
 // polled (never event driven), RTS and DTR lines, and RTS/CTS handshaking.
 class SerialPort {
-public:
+  public:
     virtual ~SerialPort() = default;
     // Opens the named port ("SIM", "/dev/ttyUSB0", ...). On failure returns false and puts the
     // system's own reason in *reason.
@@ -26,7 +26,7 @@ public:
     virtual void close() = 0;
     virtual bool isOpen() const = 0;
     virtual int inBufferCount() = 0;
-    virtual void clearInput() = 0;            // InBufferCount = 0
+    virtual void clearInput() = 0;               // InBufferCount = 0
     virtual QByteArray input(int maxBytes) = 0;  // maxBytes 0: all that is there
     virtual void output(const QByteArray& bytes) = 0;
     virtual int outBufferCount() = 0;
@@ -38,7 +38,7 @@ public:
 
 // Milliseconds since an arbitrary start (timeGetTime), and the wall clock.
 class Clock {
-public:
+  public:
     virtual ~Clock() = default;
     virtual uint32_t milliseconds() = 0;
     virtual QDateTime utcNow() = 0;
@@ -48,7 +48,7 @@ public:
 // The wait of the link: let pending events run, then sleep. In tests the sleep advances a
 // virtual clock and runs the events registered for that moment.
 class EventPump {
-public:
+  public:
     virtual ~EventPump() = default;
     virtual void processEvents() = 0;
     virtual void sleep(int milliseconds) = 0;
@@ -56,7 +56,7 @@ public:
 
 // A repeating timer; the program reads and sets its period and whether it runs.
 class Timer {
-public:
+  public:
     virtual ~Timer() = default;
     virtual void setEnabled(bool on) = 0;
     virtual bool enabled() const = 0;
@@ -66,7 +66,7 @@ public:
 
 // Text settings addressed by (application name, section, key); keys are case-insensitive.
 class SettingsStore {
-public:
+  public:
     virtual ~SettingsStore() = default;
     virtual QString get(const QString& appName, const QString& section, const QString& key,
                         const QString& defaultValue) = 0;
@@ -81,7 +81,7 @@ enum class MsgIcon { None, Information, Question, Exclamation, Critical };
 enum class MsgResult { OK, Cancel, Yes, No, Retry };
 
 class Dialogs {
-public:
+  public:
     virtual ~Dialogs() = default;
     virtual MsgResult messageBox(const QString& text, const QString& title, MsgButtons buttons,
                                  MsgIcon icon) = 0;
@@ -93,7 +93,7 @@ public:
 
 // Folders and system facts the program asks about.
 class System {
-public:
+  public:
     virtual ~System() = default;
     virtual bool directoryExists(const QString& path) = 0;
     virtual QChar decimalSeparator() = 0;

@@ -185,8 +185,7 @@ void OpenPorts(Core& c, const QString& port, const QString& speed) {
     main.clearInput();
 
     if (c.s.ExtraPttPortEnabled && c.s.ExtraPttPort == c.s.CommPort) {
-        ShowMessage(c, "The Extra PTT port must be different to the main Com port (port " +
-                           port +
+        ShowMessage(c, "The Extra PTT port must be different to the main Com port (port " + port +
                            ")\r\nThe Extra PTT port feature has been disabled. Use the Settings "
                            "screen to re-enable.");
         c.s.ExtraPttPortEnabled = false;

@@ -8,7 +8,9 @@ namespace veldor {
 
 namespace {
 
-bool LongJobRunning(const State& s) { return s.Transmitting || s.SpectrumRunning || s.ScanRunning; }
+bool LongJobRunning(const State& s) {
+    return s.Transmitting || s.SpectrumRunning || s.ScanRunning;
+}
 
 void EnableConnectionControls(Core& c, bool on) {
     ForEachConnectionControl(c.f, [on](Control& control) { control.enabled = on; });
@@ -148,7 +150,8 @@ void TakeControl(Core& c) {
         SendText(c, "AI0;");  // no auto information
         SendText(c, "ID;");
         if (!ReceiveData(c)) {
-            ReportMessage(c, "TakeControl: no communication with radio - check cabling and Com setup");
+            ReportMessage(c,
+                          "TakeControl: no communication with radio - check cabling and Com setup");
             return;
         }
         const QString id = s.TextReply.mid(2, 4);
@@ -196,8 +199,7 @@ void Form_DblClick(Core& c) {
     c.s.SettingsRequested = false;
     c.p.tmrPollInterval->setEnabled(false);
     c.p.system->showSettings();
-    if (c.s.RigType != RigNotSet && c.f.chkOnOff.value == 1)
-        c.p.tmrPollInterval->setEnabled(true);
+    if (c.s.RigType != RigNotSet && c.f.chkOnOff.value == 1) c.p.tmrPollInterval->setEnabled(true);
 }
 
 void Form_Unload(Core& c) {
@@ -217,6 +219,8 @@ void Form_Unload(Core& c) {
     c.p.system->endProcess();
 }
 
-void mnuExit_Click(Core& c) { Form_Unload(c); }
+void mnuExit_Click(Core& c) {
+    Form_Unload(c);
+}
 
 }  // namespace veldor

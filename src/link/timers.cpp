@@ -7,7 +7,9 @@ namespace veldor {
 
 namespace {
 
-QString TwoDigits(int value) { return basic::Format(value, "00"); }
+QString TwoDigits(int value) {
+    return basic::Format(value, "00");
+}
 
 void SaveDelayKey(Core& c, const QString& suffix, int value) {
     const RigInfo* rig = FindRig(c.s.RigType);
@@ -19,18 +21,22 @@ void SaveDelayKey(Core& c, const QString& suffix, int value) {
 
 }  // namespace
 
-void sldCMDdelay_Change(Core& c) { SaveDelayKey(c, "CMDdelay", c.f.sldCMDdelay.value); }
-void sldSmeterDelay_Change(Core& c) { SaveDelayKey(c, "SmeterDelay", c.f.sldSmeterDelay.value); }
-void sldExtra_Change(Core& c) { SaveDelayKey(c, "ExtraDelay", c.f.sldExtra.value); }
+void sldCMDdelay_Change(Core& c) {
+    SaveDelayKey(c, "CMDdelay", c.f.sldCMDdelay.value);
+}
+void sldSmeterDelay_Change(Core& c) {
+    SaveDelayKey(c, "SmeterDelay", c.f.sldSmeterDelay.value);
+}
+void sldExtra_Change(Core& c) {
+    SaveDelayKey(c, "ExtraDelay", c.f.sldExtra.value);
+}
 
 void chkSliders_Click(Core& c) {
     const bool show = c.f.chkSliders.value == 1;
-    for (Control* control : {static_cast<Control*>(&c.f.sldCMDdelay),
-                             static_cast<Control*>(&c.f.sldSmeterDelay),
-                             static_cast<Control*>(&c.f.sldExtra),
-                             static_cast<Control*>(&c.f.lblCmdDelay),
-                             static_cast<Control*>(&c.f.lblAGCdelay),
-                             static_cast<Control*>(&c.f.lblExtra)})
+    for (Control* control :
+         {static_cast<Control*>(&c.f.sldCMDdelay), static_cast<Control*>(&c.f.sldSmeterDelay),
+          static_cast<Control*>(&c.f.sldExtra), static_cast<Control*>(&c.f.lblCmdDelay),
+          static_cast<Control*>(&c.f.lblAGCdelay), static_cast<Control*>(&c.f.lblExtra)})
         control->visible = show;
 }
 

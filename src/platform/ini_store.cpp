@@ -9,7 +9,9 @@ namespace veldor {
 
 namespace {
 
-bool SameKey(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool SameKey(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 
 }  // namespace
 
@@ -19,12 +21,18 @@ QString EscapeIniValue(const QString& value) {
     for (qsizetype i = 0; i < value.size(); ++i) {
         const QChar c = value[i];
         const bool edge = i == 0 || i == value.size() - 1;
-        if (c == '\\') out += "\\\\";
-        else if (c == '\n') out += "\\n";
-        else if (c == '\r') out += "\\r";
-        else if (c == '\t') out += "\\t";
-        else if (c == ' ' && edge) out += "\\s";  // edge blanks survive the reader's trim
-        else out += c;
+        if (c == '\\')
+            out += "\\\\";
+        else if (c == '\n')
+            out += "\\n";
+        else if (c == '\r')
+            out += "\\r";
+        else if (c == '\t')
+            out += "\\t";
+        else if (c == ' ' && edge)
+            out += "\\s";  // edge blanks survive the reader's trim
+        else
+            out += c;
     }
     return out;
 }
@@ -38,11 +46,16 @@ QString UnescapeIniValue(const QString& text) {
             continue;
         }
         const QChar next = text[++i];
-        if (next == 'n') out += '\n';
-        else if (next == 'r') out += '\r';
-        else if (next == 't') out += '\t';
-        else if (next == 's') out += ' ';
-        else out += next;
+        if (next == 'n')
+            out += '\n';
+        else if (next == 'r')
+            out += '\r';
+        else if (next == 't')
+            out += '\t';
+        else if (next == 's')
+            out += ' ';
+        else
+            out += next;
     }
     return out;
 }
@@ -53,7 +66,9 @@ QString IniStore::defaultFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/VELDOR";
 }
 
-QString IniStore::fileOf(const QString& appName) const { return folder_ + "/" + appName + ".ini"; }
+QString IniStore::fileOf(const QString& appName) const {
+    return folder_ + "/" + appName + ".ini";
+}
 
 IniStore::Document& IniStore::document(const QString& appName) {
     const QString id = appName.toUpper();
@@ -80,8 +95,10 @@ IniStore::Document& IniStore::document(const QString& appName) {
             const QString value = UnescapeIniValue(line.mid(eq + 1).trimmed().toString());
             auto found = std::find_if(current->entries.begin(), current->entries.end(),
                                       [&](const auto& e) { return SameKey(e.first, key); });
-            if (found == current->entries.end()) current->entries.push_back({key, value});
-            else found->second = value;
+            if (found == current->entries.end())
+                current->entries.push_back({key, value});
+            else
+                found->second = value;
         }
     }
     return *cache_.insert(id, std::move(doc));

@@ -12,7 +12,7 @@
 namespace veldor {
 
 class IniStore : public SettingsStore {
-public:
+  public:
     explicit IniStore(QString folder);
 
     // <config location>/VELDOR, so that $XDG_CONFIG_HOME moves it.
@@ -23,13 +23,12 @@ public:
                 const QString& defaultValue) override;
     void save(const QString& appName, const QString& section, const QString& key,
               const QString& value) override;
-    QList<QPair<QString, QString>> getAll(const QString& appName,
-                                          const QString& section) override;
+    QList<QPair<QString, QString>> getAll(const QString& appName, const QString& section) override;
 
     // How many times the file was written (a save of an unchanged value writes nothing).
     int writes() const { return writes_; }
 
-private:
+  private:
     struct Section {
         QString name;
         std::vector<QPair<QString, QString>> entries;  // key as first written, value

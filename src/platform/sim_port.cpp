@@ -7,7 +7,9 @@ namespace veldor {
 SimPort::SimPort(Clock& clock, std::function<QString()> rigType)
     : clock_(clock), rigType_(std::move(rigType)) {}
 
-int64_t SimPort::now() { return clock_.milliseconds(); }
+int64_t SimPort::now() {
+    return clock_.milliseconds();
+}
 
 bool SimPort::gone() {
     // A vanished device closes the port under the program, as a USB adapter does.
@@ -43,12 +45,16 @@ sim::RigSim* SimPort::rig() {
     return rig_.get();
 }
 
-void SimPort::close() { open_ = false; }
+void SimPort::close() {
+    open_ = false;
+}
 bool SimPort::isOpen() const {
     return open_ && !(rig_ && rig_->faults().gone);
 }
 
-int SimPort::inBufferCount() { return gone() ? 0 : rig_->available(now()); }
+int SimPort::inBufferCount() {
+    return gone() ? 0 : rig_->available(now());
+}
 
 void SimPort::clearInput() {
     if (!gone()) rig_->discardReadable(now());
@@ -63,9 +69,17 @@ void SimPort::output(const QByteArray& bytes) {
     if (!gone()) rig_->write(bytes, now());
 }
 
-int SimPort::outBufferCount() { return 0; }
-void SimPort::setRts(bool on) { rts_ = on; }
-void SimPort::setDtr(bool on) { dtr_ = on; }
-bool SimPort::available(const QString&) { return true; }
+int SimPort::outBufferCount() {
+    return 0;
+}
+void SimPort::setRts(bool on) {
+    rts_ = on;
+}
+void SimPort::setDtr(bool on) {
+    dtr_ = on;
+}
+bool SimPort::available(const QString&) {
+    return true;
+}
 
 }  // namespace veldor

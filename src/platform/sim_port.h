@@ -11,7 +11,7 @@
 namespace veldor {
 
 class SimPort : public SerialPort {
-public:
+  public:
     // rigType tells which rig to simulate when the port opens.
     SimPort(Clock& clock, std::function<QString()> rigType);
 
@@ -34,7 +34,7 @@ public:
     bool rts() const { return rts_; }
     bool dtr() const { return dtr_; }
 
-private:
+  private:
     int64_t now();
     bool gone();
 

@@ -12,7 +12,7 @@
 namespace veldor {
 
 class SystemSerialPort : public SerialPort {
-public:
+  public:
     SystemSerialPort(Clock& clock, std::function<QString()> rigType);
 
     bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
@@ -28,7 +28,7 @@ public:
     void setDtr(bool on) override;
     bool available(const QString& name) override;
 
-private:
+  private:
     bool usingSim() const { return usingSim_; }
 
     SimPort sim_;

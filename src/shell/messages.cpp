@@ -18,6 +18,8 @@ void ReportMessage(Core& c, const QString& text) {
     w.txtErrors.text += text + "\r\n";
 }
 
-void frmErrorList_Unload(Core& c) { c.frmErrorList.visible = false; }
+void frmErrorList_Unload(Core& c) {
+    c.frmErrorList.visible = false;
+}
 
 }  // namespace veldor

@@ -21,17 +21,17 @@ Application::Application()
           if (window_) window_->render();
       }) {
     clockTimer_.setInterval(1000);
-    c_.p = Platform{&mainPort_, &pttPort_, &clock_,  &pump_,   &pollTimer_,
-                    &clockTimer_, &store_,  &dialogs_, &system_};
+    c_.p = Platform{&mainPort_,   &pttPort_, &clock_,   &pump_,  &pollTimer_,
+                    &clockTimer_, &store_,   &dialogs_, &system_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     // Whatever the core has reached shows before the events of a pause run.
     pump_.beforeEvents = [this] {
         if (window_) window_->render();
     };
     system_.onShowSettings = [this] {
-        QMessageBox::information(window_.get(), "Settings",
-                                 "Settings are kept in\n" + IniStore::defaultFolder() + "/" +
-                                     c_.s.AppName + ".ini");
+        QMessageBox::information(
+            window_.get(), "Settings",
+            "Settings are kept in\n" + IniStore::defaultFolder() + "/" + c_.s.AppName + ".ini");
     };
     window_ = std::make_unique<MainWindow>(c_);
 }

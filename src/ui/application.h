@@ -14,7 +14,7 @@ namespace veldor {
 class MainWindow;
 
 class Application {
-public:
+  public:
     Application();
     ~Application();
 
@@ -27,7 +27,7 @@ public:
     Core& core() { return c_; }
     MainWindow& window() { return *window_; }
 
-private:
+  private:
     Core c_;
     QtClock clock_;
     QtEventPump pump_;

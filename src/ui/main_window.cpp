@@ -65,8 +65,8 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     // Connection: on/off, receive timeouts, UTC and the ten-minute counter.
     auto* connection = new QGroupBox("Connection", central);
     auto* conn = new QHBoxLayout(connection);
-    chkOnOff_ = Named(new QCheckBox(QString(f.chkOnOff.caption), connection), "chkOnOff",
-                      f.chkOnOff);
+    chkOnOff_ =
+        Named(new QCheckBox(QString(f.chkOnOff.caption), connection), "chkOnOff", f.chkOnOff);
     lblTimeoutCount_ = Named(new QLabel(connection), "lblTimeoutCount", f.lblTimeoutCount);
     lblTimeoutCount_->setMinimumWidth(40);
     lblTimeoutCount_->setAlignment(Qt::AlignCenter);
@@ -74,8 +74,7 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     lblTimeoutCount_->setFrameShadow(QFrame::Sunken);
     lblUTC_ = Named(new QLabel(connection), "lblUTC", f.lblUTC);
     lblUTC_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    cmdTenMinCounter_ =
-        Named(new QPushButton(connection), "cmdTenMinCounter", f.cmdTenMinCounter);
+    cmdTenMinCounter_ = Named(new QPushButton(connection), "cmdTenMinCounter", f.cmdTenMinCounter);
     conn->addWidget(chkOnOff_);
     conn->addWidget(new QLabel("Timeouts", connection));
     conn->addWidget(lblTimeoutCount_);
@@ -127,14 +126,11 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     // Transmit and scan.
     auto* tx = new QGroupBox("Transmit and scan", central);
     auto* txl = new QHBoxLayout(tx);
-    chkTransmitEnable_ =
-        Named(new QCheckBox(f.chkTransmitEnable.caption, tx), "chkTransmitEnable",
-              f.chkTransmitEnable);
+    chkTransmitEnable_ = Named(new QCheckBox(f.chkTransmitEnable.caption, tx), "chkTransmitEnable",
+                               f.chkTransmitEnable);
     chkSplit_ = Named(new QCheckBox(f.chkSplit.caption, tx), "chkSplit", f.chkSplit);
-    cmdStartStopScan_ =
-        Named(new QPushButton(tx), "cmdStartStopScan", f.cmdStartStopScan);
-    cmdScanMemOrBank_ =
-        Named(new QPushButton(tx), "cmdScanMemOrBank", f.cmdScanMemOrBank);
+    cmdStartStopScan_ = Named(new QPushButton(tx), "cmdStartStopScan", f.cmdStartStopScan);
+    cmdScanMemOrBank_ = Named(new QPushButton(tx), "cmdScanMemOrBank", f.cmdScanMemOrBank);
     txl->addWidget(chkTransmitEnable_);
     txl->addWidget(chkSplit_);
     txl->addStretch();
@@ -225,9 +221,13 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     render();
 }
 
-void MainWindow::place() { move(c_.f.left / kTwipsPerPixel, c_.f.top / kTwipsPerPixel); }
+void MainWindow::place() {
+    move(c_.f.left / kTwipsPerPixel, c_.f.top / kTwipsPerPixel);
+}
 
-MainWindow::~MainWindow() { delete messages_; }
+MainWindow::~MainWindow() {
+    delete messages_;
+}
 
 void MainWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu("&File");

@@ -23,7 +23,7 @@ namespace veldor {
 class MessagesWindow;
 
 class MainWindow : public QMainWindow {
-public:
+  public:
     explicit MainWindow(Core& core);
     ~MainWindow() override;
 
@@ -33,10 +33,10 @@ public:
     void place();
     MessagesWindow* messagesWindow() { return messages_; }
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* event) override;
 
-private:
+  private:
     // Runs a handler, then shows its effect.
     void handle(const std::function<void(Core&)>& handler);
     void buildMenus();

@@ -10,14 +10,14 @@ class QPlainTextEdit;
 namespace veldor {
 
 class MessagesWindow : public QWidget {
-public:
+  public:
     explicit MessagesWindow(Core& core);
     void render();
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* event) override;
 
-private:
+  private:
     Core& c_;
     QPlainTextEdit* txtErrors_;
     QString shown_;

@@ -21,16 +21,31 @@ MsgResult QtDialogs::messageBox(const QString& text, const QString& title, MsgBu
     box.setWindowTitle(title);
     box.setText(QString(text).replace("\r\n", "\n"));
     switch (icon) {
-        case MsgIcon::Information: box.setIcon(QMessageBox::Information); break;
-        case MsgIcon::Question: box.setIcon(QMessageBox::Question); break;
-        case MsgIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-        case MsgIcon::Critical: box.setIcon(QMessageBox::Critical); break;
-        case MsgIcon::None: break;
+        case MsgIcon::Information:
+            box.setIcon(QMessageBox::Information);
+            break;
+        case MsgIcon::Question:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case MsgIcon::Exclamation:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        case MsgIcon::Critical:
+            box.setIcon(QMessageBox::Critical);
+            break;
+        case MsgIcon::None:
+            break;
     }
     switch (buttons) {
-        case MsgButtons::OK: box.setStandardButtons(QMessageBox::Ok); break;
-        case MsgButtons::OKCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
-        case MsgButtons::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+        case MsgButtons::OK:
+            box.setStandardButtons(QMessageBox::Ok);
+            break;
+        case MsgButtons::OKCancel:
+            box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+            break;
+        case MsgButtons::YesNo:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+            break;
         case MsgButtons::YesNoCancel:
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
             break;
@@ -39,31 +54,38 @@ MsgResult QtDialogs::messageBox(const QString& text, const QString& title, MsgBu
             break;
     }
     switch (box.exec()) {
-        case QMessageBox::Cancel: return MsgResult::Cancel;
-        case QMessageBox::Yes: return MsgResult::Yes;
-        case QMessageBox::No: return MsgResult::No;
-        case QMessageBox::Retry: return MsgResult::Retry;
-        default: return MsgResult::OK;
+        case QMessageBox::Cancel:
+            return MsgResult::Cancel;
+        case QMessageBox::Yes:
+            return MsgResult::Yes;
+        case QMessageBox::No:
+            return MsgResult::No;
+        case QMessageBox::Retry:
+            return MsgResult::Retry;
+        default:
+            return MsgResult::OK;
     }
 }
 
 bool QtDialogs::inputBox(const QString& prompt, const QString& title, QString* text) {
     bool ok = false;
-    const QString answer =
-        QInputDialog::getText(parent ? parent() : nullptr, title, prompt, QLineEdit::Normal,
-                              text ? *text : QString(), &ok);
+    const QString answer = QInputDialog::getText(parent ? parent() : nullptr, title, prompt,
+                                                 QLineEdit::Normal, text ? *text : QString(), &ok);
     if (ok && text) *text = answer;
     return ok;
 }
 
 QString QtDialogs::browseForFolder(const QString& prompt) {
-    return QFileDialog::getExistingDirectory(parent ? parent() : nullptr, prompt,
-                                             QDir::homePath());
+    return QFileDialog::getExistingDirectory(parent ? parent() : nullptr, prompt, QDir::homePath());
 }
 
-bool QtSystem::directoryExists(const QString& path) { return QDir(path).exists(); }
+bool QtSystem::directoryExists(const QString& path) {
+    return QDir(path).exists();
+}
 
-QChar QtSystem::decimalSeparator() { return QLocale().decimalPoint().at(0); }
+QChar QtSystem::decimalSeparator() {
+    return QLocale().decimalPoint().at(0);
+}
 
 int QtSystem::screenWidthTwips() {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -75,7 +97,9 @@ int QtSystem::screenHeightTwips() {
     return screen ? screen->availableGeometry().height() * kTwipsPerPixel : 0;
 }
 
-QString QtSystem::programFolder() { return QCoreApplication::applicationDirPath(); }
+QString QtSystem::programFolder() {
+    return QCoreApplication::applicationDirPath();
+}
 
 void QtSystem::showSettings() {
     if (onShowSettings) onShowSettings();

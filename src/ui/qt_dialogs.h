@@ -11,7 +11,7 @@ class QWidget;
 namespace veldor {
 
 class QtDialogs : public Dialogs {
-public:
+  public:
     std::function<QWidget*()> parent;
     MsgResult messageBox(const QString& text, const QString& title, MsgButtons buttons,
                          MsgIcon icon) override;
@@ -20,7 +20,7 @@ public:
 };
 
 class QtSystem : public System {
-public:
+  public:
     std::function<void()> onShowSettings;
     QString settingsFile;
     bool directoryExists(const QString& path) override;
@@ -32,7 +32,7 @@ public:
     void endProcess() override;
     bool ended() const { return ended_; }
 
-private:
+  private:
     bool ended_ = false;
 };
 

@@ -13,16 +13,18 @@ struct ValCase {
 
 class ValText : public ::testing::TestWithParam<ValCase> {};
 
-TEST_P(ValText, ReadsTheLeadingNumber) { EXPECT_DOUBLE_EQ(Val(GetParam().text), GetParam().value); }
+TEST_P(ValText, ReadsTheLeadingNumber) {
+    EXPECT_DOUBLE_EQ(Val(GetParam().text), GetParam().value);
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, ValText,
-    ::testing::Values(ValCase{"12abc", 12}, ValCase{"  1 2", 12}, ValCase{"", 0},
-                      ValCase{"abc", 0}, ValCase{"-", 0}, ValCase{".5", 0.5},
-                      ValCase{"-3.25x", -3.25}, ValCase{"1e3", 1000}, ValCase{"1e", 1},
-                      ValCase{"2.5.1", 2.5}, ValCase{"14,250", 14}, ValCase{"&H1F", 31},
-                      ValCase{"&O17", 15}, ValCase{"145.575f", 145.575},
-                      ValCase{"1e999", 0}));
+INSTANTIATE_TEST_SUITE_P(Texts, ValText,
+                         ::testing::Values(ValCase{"12abc", 12}, ValCase{"  1 2", 12},
+                                           ValCase{"", 0}, ValCase{"abc", 0}, ValCase{"-", 0},
+                                           ValCase{".5", 0.5}, ValCase{"-3.25x", -3.25},
+                                           ValCase{"1e3", 1000}, ValCase{"1e", 1},
+                                           ValCase{"2.5.1", 2.5}, ValCase{"14,250", 14},
+                                           ValCase{"&H1F", 31}, ValCase{"&O17", 15},
+                                           ValCase{"145.575f", 145.575}, ValCase{"1e999", 0}));
 
 struct RoundCase {
     double x;
@@ -31,7 +33,9 @@ struct RoundCase {
 
 class HalfToEven : public ::testing::TestWithParam<RoundCase> {};
 
-TEST_P(HalfToEven, RoundsToTheNearestEven) { EXPECT_EQ(CLng(GetParam().x), GetParam().rounded); }
+TEST_P(HalfToEven, RoundsToTheNearestEven) {
+    EXPECT_EQ(CLng(GetParam().x), GetParam().rounded);
+}
 
 INSTANTIATE_TEST_SUITE_P(Values, HalfToEven,
                          ::testing::Values(RoundCase{2.5, 2}, RoundCase{3.5, 4},
@@ -60,7 +64,7 @@ struct FormatCase {
 };
 
 class Patterns : public ::testing::TestWithParam<FormatCase> {
-protected:
+  protected:
     void TearDown() override { SetDecimalMark('.'); }
 };
 
@@ -81,8 +85,8 @@ INSTANTIATE_TEST_SUITE_P(
                       FormatCase{0.6, "###.00000", ".60000", ",60000"},
                       FormatCase{0.6, "##0.00000", "0.60000", "0,60000"},
                       FormatCase{2.5, "0", "3", "3"}, FormatCase{0.125, "#.00", ".13", ",13"},
-                      FormatCase{-1.25, "0.0", "-1.3", "-1,3"},
-                      FormatCase{0.04, "#.0", ".0", ",0"}, FormatCase{3.5, "#.##", "3.5", "3,5"}));
+                      FormatCase{-1.25, "0.0", "-1.3", "-1,3"}, FormatCase{0.04, "#.0", ".0", ",0"},
+                      FormatCase{3.5, "#.##", "3.5", "3,5"}));
 
 struct NumericCase {
     const char* text;
@@ -91,7 +95,7 @@ struct NumericCase {
 };
 
 class Numeric : public ::testing::TestWithParam<NumericCase> {
-protected:
+  protected:
     void TearDown() override { SetDecimalMark('.'); }
 };
 
@@ -102,17 +106,13 @@ TEST_P(Numeric, FollowsTheLocale) {
     EXPECT_EQ(IsNumeric(GetParam().text), GetParam().comma) << GetParam().text;
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, Numeric,
-                         ::testing::Values(NumericCase{"14.250", true, false},
-                                           NumericCase{"14,250", false, true},
-                                           NumericCase{" 7 ", true, true},
-                                           NumericCase{"", false, false},
-                                           NumericCase{".", false, false},
-                                           NumericCase{"-5", true, true},
-                                           NumericCase{"1e5", true, true},
-                                           NumericCase{"1e", false, false},
-                                           NumericCase{"&H1F", true, true},
-                                           NumericCase{"145.575f", false, false}));
+INSTANTIATE_TEST_SUITE_P(
+    Texts, Numeric,
+    ::testing::Values(NumericCase{"14.250", true, false}, NumericCase{"14,250", false, true},
+                      NumericCase{" 7 ", true, true}, NumericCase{"", false, false},
+                      NumericCase{".", false, false}, NumericCase{"-5", true, true},
+                      NumericCase{"1e5", true, true}, NumericCase{"1e", false, false},
+                      NumericCase{"&H1F", true, true}, NumericCase{"145.575f", false, false}));
 
 }  // namespace
 }  // namespace veldor::basic

@@ -1,7 +1,7 @@
 // The serial link on virtual time: frames, delays, busy flags, reply collection, text
 // framing, port opening and frequency coding.
-#include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "link/catalogue.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ QByteArray Bytes(std::initializer_list<int> values) {
 }
 
 class Link : public ::testing::Test {
-protected:
+  protected:
     Link() : h(true) {
         port().open("1", "4800,N,8,2", false, nullptr);
         h.c.f.chkOnOff.value = 1;
@@ -233,8 +233,8 @@ TEST_F(Link, APortThatVanishesUnderATextReadEndsItWithTheErrorBox) {
     h.pump.at(h.clock.now + 50, [&] { port().close(); });
     EXPECT_FALSE(ReceiveData(h.c));
     ASSERT_EQ(h.dialogs.messages.size(), 1u);
-    EXPECT_TRUE(h.dialogs.messages[0].text.endsWith(
-        "in procedure ReceiveData of Module ZantikoGeneral"));
+    EXPECT_TRUE(
+        h.dialogs.messages[0].text.endsWith("in procedure ReceiveData of Module ZantikoGeneral"));
 }
 
 TEST_F(Link, GarbageOfAnyLengthNeverHangsTheTextReader) {
@@ -391,15 +391,14 @@ TEST_P(RangeCheck, FollowsTheRigsRanges) {
 
 INSTANTIATE_TEST_SUITE_P(
     Edges, RangeCheck,
-    ::testing::Values(
-        RangeCase{&RigFT847, 760000, true}, RangeCase{&RigFT847, 7600001, false},
-        RangeCase{&RigFT847, 10800000, true}, RangeCase{&RigFT817, 5600000, true},
-        RangeCase{&RigFT817, 5600001, false}, RangeCase{&RigFT817ND, 47000000, true},
-        RangeCase{&RigFT857D, 11800000, true}, RangeCase{&RigFT897, 11799999, false},
-        RangeCase{&RigFT450, 2999, false}, RangeCase{&RigFT920, 4800000, true},
-        RangeCase{&RigFT920, 4000000, false}, RangeCase{&RigVR5000, 259999998, true},
-        RangeCase{&RigFRG100, 0, true}, RangeCase{&RigFT1000MP, 0, true},
-        RangeCase{&RigFT1000MP, -5, false}, RangeCase{&RigNotSet, 999999999, true}));
+    ::testing::Values(RangeCase{&RigFT847, 760000, true}, RangeCase{&RigFT847, 7600001, false},
+                      RangeCase{&RigFT847, 10800000, true}, RangeCase{&RigFT817, 5600000, true},
+                      RangeCase{&RigFT817, 5600001, false}, RangeCase{&RigFT817ND, 47000000, true},
+                      RangeCase{&RigFT857D, 11800000, true}, RangeCase{&RigFT897, 11799999, false},
+                      RangeCase{&RigFT450, 2999, false}, RangeCase{&RigFT920, 4800000, true},
+                      RangeCase{&RigFT920, 4000000, false}, RangeCase{&RigVR5000, 259999998, true},
+                      RangeCase{&RigFRG100, 0, true}, RangeCase{&RigFT1000MP, 0, true},
+                      RangeCase{&RigFT1000MP, -5, false}, RangeCase{&RigNotSet, 999999999, true}));
 
 }  // namespace
 }  // namespace veldor::test

@@ -1,7 +1,7 @@
 // Start-up, connections and the program's end, against the simulated rigs on virtual time.
+#include "link/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
-#include "link/start_stop.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -46,17 +46,17 @@ TEST_P(ApplicationName, ComesFromTheCommandLine) {
     Station st(RigNotSet);
     st.load(GetParam().commandLine);
     EXPECT_EQ(st.c.s.AppName, GetParam().appName);
-    EXPECT_EQ(st.c.f.caption, st.c.s.ProgramVersion + " " + GetParam().appName + " " +
-                                  GetParam().captionTail);
+    EXPECT_EQ(st.c.f.caption,
+              st.c.s.ProgramVersion + " " + GetParam().appName + " " + GetParam().captionTail);
     EXPECT_TRUE(st.c.s.ProgramVersion.startsWith("V"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Configurations, ApplicationName,
-    ::testing::Values(NameCase{"", "VELDOR", ""}, NameCase{"/config=shack", "VELDOR_SHACK", "  SHACK"},
+    ::testing::Values(NameCase{"", "VELDOR", ""},
+                      NameCase{"/config=shack", "VELDOR_SHACK", "  SHACK"},
                       NameCase{"  /CONFIG=Radio2  ", "VELDOR_RADIO2", "  RADIO2"},
-                      NameCase{"/CONFIG=", "VELDOR_", "  "},
-                      NameCase{"/SHACK", "VELDOR", ""}));
+                      NameCase{"/CONFIG=", "VELDOR_", "  "}, NameCase{"/SHACK", "VELDOR", ""}));
 
 TEST(Configurations, KeepSeparateStores) {
     Station st(RigFT817);
@@ -76,7 +76,8 @@ TEST(FirstRun, StartsWithDefaultsAndAsksForAFolder) {
     EXPECT_EQ(h.c.s.CommSpeed, "4800,N,8,2");
     EXPECT_EQ(h.c.f.chkOnOff.value, 0);
     ASSERT_EQ(h.dialogs.folderPrompts.size(), 1u);
-    EXPECT_EQ(h.dialogs.folderPrompts[0], "Choose a folder to use for storing memory and .CSV files");
+    EXPECT_EQ(h.dialogs.folderPrompts[0],
+              "Choose a folder to use for storing memory and .CSV files");
     EXPECT_EQ(h.c.s.HomeDir, h.dir.path() + "/memories");
     EXPECT_EQ(h.stored("Settings", "HomeDir"), h.dir.path() + "/memories");
 }
@@ -157,15 +158,12 @@ INSTANTIATE_TEST_SUITE_P(
         TakeCase{&RigFT847, "N", Bytes({0, 0, 0, 0, 0x00}), Bytes({0, 0, 0, 0, 0x80})},
         TakeCase{&RigVR5000, "N", Bytes({0, 0, 0, 0, 0x00}), Bytes({0, 0, 0, 0, 0x80})},
         TakeCase{&RigFRG100, "N", Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E}), kNothing},
-        TakeCase{&RigFRG100, "Y",
-                 Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E, 0, 0, 0, 1, 0x20}),
+        TakeCase{&RigFRG100, "Y", Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E, 0, 0, 0, 1, 0x20}),
                  Bytes({0, 0, 0, 0, 0x20})},
         TakeCase{&RigFT817, "Y", kNothing, kNothing},
         TakeCase{&RigFT817ND, "N", kNothing, kNothing},
-        TakeCase{&RigFT857, "N", kNothing, kNothing},
-        TakeCase{&RigFT857D, "N", kNothing, kNothing},
-        TakeCase{&RigFT897, "N", kNothing, kNothing},
-        TakeCase{&RigFT897D, "N", kNothing, kNothing},
+        TakeCase{&RigFT857, "N", kNothing, kNothing}, TakeCase{&RigFT857D, "N", kNothing, kNothing},
+        TakeCase{&RigFT897, "N", kNothing, kNothing}, TakeCase{&RigFT897D, "N", kNothing, kNothing},
         TakeCase{&RigFT920, "N", kNothing, kNothing},
         TakeCase{&RigFT1000MP, "Y", kNothing, kNothing}));
 

@@ -18,10 +18,12 @@
 
 namespace {
 
-QString RigsimPath() { return QStringLiteral(VELDOR_RIGSIM); }
+QString RigsimPath() {
+    return QStringLiteral(VELDOR_RIGSIM);
+}
 
 class WindowOverPty : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
         qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
@@ -33,8 +35,7 @@ protected:
         QDir().mkpath(dir.path() + "/VELDOR");
         QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write(("[Settings]\nRigType=FT847\nCommport=" + link + "\nHomeDir=" + dir.path() +
-                   "\n")
+        ini.write(("[Settings]\nRigType=FT847\nCommport=" + link + "\nHomeDir=" + dir.path() + "\n")
                       .toUtf8());
     }
     void TearDown() override {
@@ -47,7 +48,8 @@ protected:
         QFile f(stateFile);
         if (!f.open(QIODevice::ReadOnly)) return {};
         for (const QByteArray& line : f.readAll().split('\n'))
-            if (line.startsWith(key.toUtf8() + "=")) return QString::fromUtf8(line.mid(key.size() + 1));
+            if (line.startsWith(key.toUtf8() + "="))
+                return QString::fromUtf8(line.mid(key.size() + 1));
         return {};
     }
 
@@ -96,8 +98,8 @@ TEST_F(WindowOverPty, OnOffTakesTheFt847IntoCatModeAndOut) {
 TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
     QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT847\nCommport=" + dir.path() + "/nothing\nHomeDir=" +
-               dir.path() + "\n")
+    ini.write(("[Settings]\nRigType=FT847\nCommport=" + dir.path() +
+               "/nothing\nHomeDir=" + dir.path() + "\n")
                   .toUtf8());
     ini.close();
     veldor::Application app;

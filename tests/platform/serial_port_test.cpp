@@ -96,8 +96,10 @@ TEST(SystemPort, CarriesBytesBothWaysThroughAPseudoTerminal) {
     ssize_t n = 0;
     for (int tries = 0; n < 5 && tries < 200; ++tries) {
         const ssize_t r = ::read(master, got + n, sizeof got - static_cast<size_t>(n));
-        if (r > 0) n += r;
-        else QThread::msleep(5);
+        if (r > 0)
+            n += r;
+        else
+            QThread::msleep(5);
     }
     EXPECT_EQ(QByteArray(got, static_cast<int>(n)).toHex(), "0000000003");
 

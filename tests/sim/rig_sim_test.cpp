@@ -7,7 +7,9 @@
 namespace veldor::sim {
 namespace {
 
-QByteArray Hex(const char* hex) { return QByteArray::fromHex(hex); }
+QByteArray Hex(const char* hex) {
+    return QByteArray::fromHex(hex);
+}
 
 // Sends a command and reads everything that comes back within a second.
 QByteArray Ask(RigSim& rig, const QByteArray& bytes, int64_t& now) {
@@ -50,7 +52,7 @@ TEST(Ft920, GivesBothVfosInHertzWithTheModeByte) {
     int64_t now = 0;
     const QByteArray r = Ask(*rig, Hex("0000000210"), now);
     ASSERT_EQ(r.size(), 28);
-    EXPECT_EQ(r.mid(1, 4).toHex(), "00d97010");  // 14 250 000 Hz
+    EXPECT_EQ(r.mid(1, 4).toHex(), "00d97010");   // 14 250 000 Hz
     EXPECT_EQ(static_cast<uint8_t>(r[7]), 0x40);  // USB: mode 0 with the alternate flag
     EXPECT_EQ(r.mid(15, 4).toHex(), "006b9310");  // 7 050 000 Hz
 }
@@ -146,12 +148,13 @@ TEST_P(Ft450Text, Answers) {
     EXPECT_EQ(Ask(*rig, GetParam().sent, now), GetParam().reply);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Commands, Ft450Text,
-    ::testing::Values(TextCase{"ID;", "ID0241;"}, TextCase{"FA;", "FA14250000;"},
-                      TextCase{"MD0;", "MD02;"}, TextCase{"XX;", "?;"}, TextCase{"AI0;", ""},
-                      TextCase{"IF;", "IF00114250000+000000200000;"},
-                      TextCase{"ID;FA;", "ID0241;FA14250000;"}));
+INSTANTIATE_TEST_SUITE_P(Commands, Ft450Text,
+                         ::testing::Values(TextCase{"ID;", "ID0241;"},
+                                           TextCase{"FA;", "FA14250000;"},
+                                           TextCase{"MD0;", "MD02;"}, TextCase{"XX;", "?;"},
+                                           TextCase{"AI0;", ""},
+                                           TextCase{"IF;", "IF00114250000+000000200000;"},
+                                           TextCase{"ID;FA;", "ID0241;FA14250000;"}));
 
 TEST(Ft450, TakesACommandSplitAcrossWrites) {
     auto rig = RigSim::create("FT450");
@@ -229,7 +232,8 @@ TEST(Trace, RecordsEveryChunkInOrder) {
 }
 
 TEST(Catalogue, EveryRigNameMakesARig) {
-    for (const QString& name : RigSim::rigNames()) EXPECT_TRUE(RigSim::create(name)) << name.toStdString();
+    for (const QString& name : RigSim::rigNames())
+        EXPECT_TRUE(RigSim::create(name)) << name.toStdString();
     EXPECT_FALSE(RigSim::create("Not set"));
     EXPECT_FALSE(RigSim::create("FT991"));
 }

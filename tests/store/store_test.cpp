@@ -11,7 +11,7 @@ namespace veldor {
 namespace {
 
 class Store : public ::testing::Test {
-protected:
+  protected:
     QString file(const QString& app) { return dir.path() + "/" + app + ".ini"; }
     QTemporaryDir dir;
 };
@@ -56,8 +56,8 @@ TEST_P(Values, RoundTripExactly) {
 
 INSTANTIATE_TEST_SUITE_P(Texts, Values,
                          ::testing::Values("", " Show/hide ", "a=b;c", "[Settings]",
-                                           "two\nlines\r\n", "back\\slash\\n", "  ",
-                                           "tab\there", "Ünïcödé 145,575"));
+                                           "two\nlines\r\n", "back\\slash\\n", "  ", "tab\there",
+                                           "Ünïcödé 145,575"));
 
 TEST_F(Store, GetAllKeepsFileOrder) {
     IniStore store(dir.path());
@@ -92,13 +92,13 @@ TEST_F(Store, AFileOfAnyBytesLoadsWhatLinesItHasAndNoMore) {
 TEST_F(Store, WritesAreWholeAndLeaveNoTemporaryFiles) {
     IniStore store(dir.path() + "/new/folder");
     for (int i = 0; i < 50; ++i) {
-        store.save("VELDOR", "CurrentValues", "Time", QString("12:00:%1").arg(i, 2, 10, QChar('0')));
+        store.save("VELDOR", "CurrentValues", "Time",
+                   QString("12:00:%1").arg(i, 2, 10, QChar('0')));
         IniStore reader(dir.path() + "/new/folder");
         ASSERT_EQ(reader.get("VELDOR", "CurrentValues", "Time", ""),
                   QString("12:00:%1").arg(i, 2, 10, QChar('0')));
     }
-    EXPECT_EQ(QDir(dir.path() + "/new/folder").entryList(QDir::Files),
-              QStringList{"VELDOR.ini"});
+    EXPECT_EQ(QDir(dir.path() + "/new/folder").entryList(QDir::Files), QStringList{"VELDOR.ini"});
 }
 
 TEST_F(Store, AnUnchangedValueIsNotWrittenAgain) {

@@ -33,8 +33,7 @@ QString ScriptedDialogs::browseForFolder(const QString& prompt) {
 }
 
 bool FakeSystem::directoryExists(const QString& path) {
-    return std::find(existingFolders.begin(), existingFolders.end(), path) !=
-           existingFolders.end();
+    return std::find(existingFolders.begin(), existingFolders.end(), path) != existingFolders.end();
 }
 
 QByteArray ScriptedPort::allWritten() const {
@@ -80,7 +79,8 @@ void ScriptedPort::clearInput() {
 
 QByteArray ScriptedPort::input(int maxBytes) {
     take();
-    const qsizetype n = maxBytes <= 0 ? buffer_.size() : std::min<qsizetype>(maxBytes, buffer_.size());
+    const qsizetype n =
+        maxBytes <= 0 ? buffer_.size() : std::min<qsizetype>(maxBytes, buffer_.size());
     const QByteArray out = buffer_.left(n);
     buffer_.remove(0, n);
     return out;
@@ -104,7 +104,7 @@ Harness::Harness(bool scriptedMainPort) {
         simPort = std::make_unique<SimPort>(clock, [this] { return c.s.RigType; });
         main = simPort.get();
     }
-    c.p = Platform{main,  &pttPort, &clock,   &pump,  &pollTimer,
+    c.p = Platform{main,        &pttPort,    &clock,   &pump,  &pollTimer,
                    &clockTimer, store.get(), &dialogs, &system};
 }
 
@@ -116,7 +116,9 @@ QString Harness::stored(const QString& section, const QString& key) {
     return IniStore(dir.path()).get(c.s.AppName, section, key, "<missing>");
 }
 
-sim::RigSim& Harness::rig() { return *simPort->rig(); }
+sim::RigSim& Harness::rig() {
+    return *simPort->rig();
+}
 
 QByteArray Harness::rigReceived() {
     QByteArray all;

@@ -18,7 +18,7 @@ namespace veldor::test {
 
 // Milliseconds that pass only when a pause asks them to.
 class VirtualClock : public Clock {
-public:
+  public:
     uint32_t now = 1000;
     QDateTime utc = QDateTime(QDate(2026, 11, 23), QTime(14, 5, 9), Qt::UTC);
     uint32_t milliseconds() override { return now; }
@@ -29,7 +29,7 @@ public:
 // The event pump on virtual time: events registered for a moment run in the first pump after
 // it; a sleep advances the clock.
 class VirtualPump : public EventPump {
-public:
+  public:
     explicit VirtualPump(VirtualClock& clock) : clock_(clock) {}
     void at(uint32_t ms, std::function<void()> event) { events_.emplace(ms, std::move(event)); }
     void processEvents() override;
@@ -37,13 +37,13 @@ public:
     int pumps = 0;
     int sleeps = 0;
 
-private:
+  private:
     VirtualClock& clock_;
     std::multimap<uint32_t, std::function<void()>> events_;
 };
 
 class FakeTimer : public Timer {
-public:
+  public:
     bool on = false;
     int period = 0;
     void setEnabled(bool enabled) override { on = enabled; }
@@ -58,19 +58,18 @@ struct ShownMessage {
 };
 
 class ScriptedDialogs : public Dialogs {
-public:
+  public:
     std::vector<ShownMessage> messages;
     std::deque<MsgResult> answers;  // OK when empty
     std::vector<QString> folderPrompts;
     QString folderAnswer;  // empty: the operator cancels
-    MsgResult messageBox(const QString& text, const QString& title, MsgButtons,
-                         MsgIcon) override;
+    MsgResult messageBox(const QString& text, const QString& title, MsgButtons, MsgIcon) override;
     bool inputBox(const QString&, const QString&, QString*) override { return false; }
     QString browseForFolder(const QString& prompt) override;
 };
 
 class FakeSystem : public System {
-public:
+  public:
     std::vector<QString> existingFolders;
     QChar decimalMark = '.';
     int screenWidth = 1920 * 15;
@@ -88,7 +87,7 @@ public:
 
 // A serial port whose replies a test writes in advance, each readable from a given moment.
 class ScriptedPort : public SerialPort {
-public:
+  public:
     explicit ScriptedPort(VirtualClock& clock) : clock_(clock) {}
     // Bytes that become readable at virtual time ms.
     void arrive(uint32_t ms, const QByteArray& bytes) { pending_.push_back({ms, bytes}); }
@@ -121,7 +120,7 @@ public:
     void setDtr(bool on) override { dtr = on; }
     bool available(const QString&) override { return availableAnswer; }
 
-private:
+  private:
     void take();
     VirtualClock& clock_;
     std::vector<std::pair<uint32_t, QByteArray>> pending_;
