@@ -24,6 +24,8 @@ struct Core {
     State s;
     Form1 f;
     FrmErrorList frmErrorList;
+    Frm450DSP frm450DSP;
+    FrmMeters frmMeters;
     Platform p;
 };
 

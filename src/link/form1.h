@@ -65,6 +65,19 @@ struct Form1 {
     TextBox txtGoToFreq;
     TextBox txtShowLargeGoTo{{true, false, {}}, {}};
 
+    // Repeater shift buttons: the one the rig reports is pale green.
+    CommandButton cmdShiftMinus{{true, true, {}}, "-"};
+    CommandButton cmdShiftSimplex{{true, true, {}}, "S"};
+    CommandButton cmdShiftPlus{{true, true, {}}, "+"};
+
+    // Mode buttons; member 6 doubles as the FT-920's wide/narrow button.
+    std::array<CommandButton, 12> Command2{};
+    Label lblNarrow{{true, false, {}}, "N"};
+
+    // FT-1000MP filter buttons of the 8.2 MHz and 455 kHz stages.
+    std::array<CommandButton, 5> cmdFT1000MP_Filter_82{};
+    std::array<CommandButton, 5> cmdFT1000MP_Filter_455{};
+
     // Menus whose ticks the start-up sets.
     MenuItem mnuShowLargeGoTo{"Show large &GoTo frequency box"};
     std::array<MenuItem, 5> mnuTalk{
@@ -93,6 +106,17 @@ void ForEachConnectionControl(Form1& f, F&& fn) {
                              &f.cmdFT857DNR, &f.cmdFT857DBF, &f.cmdFT857Fast, &f.cmdFT857Lock})
         fn(*b);
 }
+
+// The FT-450 DSP panel (the part the frequency read writes to).
+struct Frm450DSP {
+    Label lbl450Mode{{true, true, " Current operating mode "}, "Mode"};
+};
+
+// The meters panel's VFO B display, filled by the FT-920's second read.
+struct FrmMeters {
+    Label lblVFOB;
+    Label lblModeB;
+};
 
 // The messages window: the program's running log.
 struct FrmErrorList {

@@ -104,6 +104,8 @@ class System {
     // The settings dialog, shown modally.
     virtual void showSettings() = 0;
     virtual void endProcess() = 0;
+    // Ends the process at once, saving nothing.
+    virtual void abortProcess() = 0;
 };
 
 }  // namespace veldor

@@ -3,6 +3,7 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "protocol/read_frequency.h"
 
 namespace veldor {
 
@@ -106,8 +107,9 @@ void chkOnOff_Click(Core& c) {
         f.chkOnOff.backColour = Red;
         f.cmdStartStopScan.enabled = true;
         f.chkTransmitEnable.enabled = true;
-        // The first reading of frequency and mode, and the VR-5000's stored frequency, join
-        // here with the reads and the GoTo box.
+        ReadFrequencyAndMode(c);
+        // The VR-5000, which cannot be read, gets its stored frequency here with the GoTo
+        // box.
         EnableConnectionControls(c, true);
     } else {
         ReleaseControl(c);

@@ -28,6 +28,17 @@ struct State {
     bool FrequencyOutOfRange = false;
     QString FrequencyDigits;
 
+    // The last reading of frequency and mode.
+    QString FrequencyText;
+    QString DisplayFrequency;
+    int32_t LastDisplayedFrequency = 0;
+    int BadFrequencyCount = 0;
+    // FT-450 tone and shift as the rig reports them.
+    QString RigTone, RigToneEncode, RigToneDecode, RigShift;
+    bool SplitMemoryPending = false;
+    bool MetersVisible = false;
+    bool ForceUpdate = false;
+
     // Jobs that forbid switching off.
     bool Transmitting = false;
     bool SpectrumRunning = false;

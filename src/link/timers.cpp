@@ -1,5 +1,6 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
+#include "link/poll_cycle.h"
 #include "link/serial_link.h"
 #include "link/start_stop.h"
 
@@ -78,8 +79,11 @@ void tmrPollInterval_Timer(Core& c) {
     if (c.f.chkOnOff.value == 0) return;
     c.f.lblTimeoutCount.backColour = ButtonFace;  // a timeout shows red for one tick
     if (s.RigType == RigNotSet) return;
-    // The pending actions, the frequency change and the reading join here with their
-    // operations.
+    if (c.p.MSComm1->isOpen()) {
+        // The pending actions, the frequency change, the scan and the sweep join here with
+        // their operations, before the reading.
+        if (!s.ScanRunning && !s.SpectrumRunning) PerformStatusUpdate(c);
+    }
     if (s.SettingsRequested) Form_DblClick(c);
     // Recovery from a lost binary reply: reopen the port and take the rig anew.
     if (c.f.chkOnOff.value == 1 && s.ReplyTimedOut) {

@@ -9,6 +9,8 @@
 #include <QMessageBox>
 #include <QScreen>
 
+#include <cstdlib>
+
 namespace veldor {
 
 namespace {
@@ -104,6 +106,8 @@ QString QtSystem::programFolder() {
 void QtSystem::showSettings() {
     if (onShowSettings) onShowSettings();
 }
+
+void QtSystem::abortProcess() { std::_Exit(0); }
 
 void QtSystem::endProcess() {
     ended_ = true;

@@ -30,6 +30,7 @@ class QtSystem : public System {
     QString programFolder() override;
     void showSettings() override;
     void endProcess() override;
+    void abortProcess() override;
     bool ended() const { return ended_; }
 
   private:

@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Positions, WindowPlacement,
 struct TakeCase {
     const QString* rig;
     const char* autoPowerOff;
-    QByteArray onBytes;
+    QByteArray onBytes;  // the opening, then the first reading of frequency and mode
     QByteArray offBytes;
 };
 
@@ -151,21 +151,26 @@ TEST_P(TakeAndRelease, SendsTheRigsOpeningAndClosingBytes) {
 }
 
 const QByteArray kNothing;
+// The first reading after the opening: frequency and mode.
+QByteArray ReadBcd() { return Bytes({0, 0, 0, 0, 0x03}); }
+QByteArray ReadBlock() { return Bytes({0, 0, 0, 2, 0x10}); }
 
 INSTANTIATE_TEST_SUITE_P(
     EveryRig, TakeAndRelease,
     ::testing::Values(
-        TakeCase{&RigFT847, "N", Bytes({0, 0, 0, 0, 0x00}), Bytes({0, 0, 0, 0, 0x80})},
+        TakeCase{&RigFT847, "N", Bytes({0, 0, 0, 0, 0x00}) + ReadBcd(), Bytes({0, 0, 0, 0, 0x80})},
         TakeCase{&RigVR5000, "N", Bytes({0, 0, 0, 0, 0x00}), Bytes({0, 0, 0, 0, 0x80})},
-        TakeCase{&RigFRG100, "N", Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E}), kNothing},
-        TakeCase{&RigFRG100, "Y", Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E, 0, 0, 0, 1, 0x20}),
+        TakeCase{&RigFRG100, "N", Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E}) + ReadBlock(),
+                 kNothing},
+        TakeCase{&RigFRG100, "Y",
+                 Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E, 0, 0, 0, 1, 0x20}) + ReadBlock(),
                  Bytes({0, 0, 0, 0, 0x20})},
-        TakeCase{&RigFT817, "Y", kNothing, kNothing},
-        TakeCase{&RigFT817ND, "N", kNothing, kNothing},
-        TakeCase{&RigFT857, "N", kNothing, kNothing}, TakeCase{&RigFT857D, "N", kNothing, kNothing},
-        TakeCase{&RigFT897, "N", kNothing, kNothing}, TakeCase{&RigFT897D, "N", kNothing, kNothing},
-        TakeCase{&RigFT920, "N", kNothing, kNothing},
-        TakeCase{&RigFT1000MP, "Y", kNothing, kNothing}));
+        TakeCase{&RigFT817, "Y", ReadBcd(), kNothing},
+        TakeCase{&RigFT817ND, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT857, "N", ReadBcd(), kNothing}, TakeCase{&RigFT857D, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT897, "N", ReadBcd(), kNothing}, TakeCase{&RigFT897D, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT920, "N", ReadBlock(), kNothing},
+        TakeCase{&RigFT1000MP, "Y", ReadBlock(), kNothing}));
 
 TEST(TakeControl, TheFt847IsInCatModeOnlyWhileConnected) {
     Station st(RigFT847);
@@ -184,7 +189,7 @@ TEST_P(Ft450Identity, IsAcceptedAndVfoAIsSelected) {
     st.rig().state().ft450Id = GetParam();
     st.rig().state().vfoB = true;
     st.switchOn();
-    EXPECT_EQ(st.rigReceived(), "AI0;ID;VS0;");
+    EXPECT_EQ(st.rigReceived(), "AI0;ID;VS0;IF;");
     EXPECT_FALSE(st.rig().state().vfoB);
     EXPECT_EQ(st.c.s.VfoLetter, "A");
     EXPECT_EQ(st.c.f.lblRigMode.caption, "VFO A");
@@ -216,7 +221,8 @@ TEST(TakeControl, ASilentFt450IsReportedAsNoCommunication) {
     EXPECT_EQ(st.c.frmErrorList.txtErrors.text,
               "TakeControl: no communication with radio - check cabling and Com setup\r\n");
     EXPECT_FALSE(st.pollTimer.on);
-    EXPECT_EQ(st.c.f.lblTimeoutCount.caption, "1");
+    // The identification and then the first reading of the frequency went unanswered.
+    EXPECT_EQ(st.c.f.lblTimeoutCount.caption, "2");
 }
 
 TEST(TakeControl, ARejectedIdCountsAsNoCommunication) {

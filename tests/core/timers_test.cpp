@@ -82,13 +82,18 @@ struct Connected : Harness {
 TEST(PollTick, ALostReplyReopensThePortAndTakesTheRigAgain) {
     Connected h;
     h.rig().clearTrace();
-    h.rig().state().catOn = false;  // the rig forgot its CAT mode
-    h.c.s.ReplyTimedOut = true;
+    h.rig().state().catOn = false;  // the rig forgot its CAT mode, and so is silent
     tmrPollInterval_Timer(h.c);
-    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 00");
+    // The unanswered reading, then CAT on again after the reopening.
+    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 03 00 00 00 00 00");
+    EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "1");
     EXPECT_TRUE(h.rig().state().catOn);
     EXPECT_TRUE(h.pollTimer.on);
     EXPECT_FALSE(h.c.s.ReplyTimedOut);
+    h.rig().clearTrace();
+    tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 03");
+    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
 }
 
 TEST(PollTick, TheRedOfATimeoutLastsOneTick) {

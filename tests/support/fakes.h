@@ -83,6 +83,8 @@ class FakeSystem : public System {
     QString programFolder() override { return "/opt/veldor"; }
     void showSettings() override { ++settingsShown; }
     void endProcess() override { ended = true; }
+    void abortProcess() override { aborted = true; }
+    bool aborted = false;
 };
 
 // A serial port whose replies a test writes in advance, each readable from a given moment.
