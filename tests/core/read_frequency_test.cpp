@@ -1,0 +1,362 @@
+// Reading frequency and mode from every rig, through the simulated rigs and through bytes
+// written by hand from the rigs' manuals.
+#include "basic/basic.h"
+#include "link/catalogue.h"
+#include "link/poll_cycle.h"
+#include "link/start_stop.h"
+#include "protocol/read_frequency.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace veldor::test {
+namespace {
+
+// A connection to a simulated rig on a given frequency and mode.
+struct OnAir : Harness {
+    OnAir(const QString& rig, int64_t hz, const QString& mode) {
+        setting("RigType", rig);
+        setting("Commport", "SIM");
+        setting("HomeDir", dir.path());
+        system.existingFolders.push_back(dir.path());
+        Form_Load(c, "");
+        this->rig().state().frequencyHz = hz;
+        this->rig().state().mode = mode;
+        c.f.chkOnOff.value = 1;
+        chkOnOff_Click(c);
+    }
+};
+
+struct RigCase {
+    const QString* rig;
+    int64_t hz;
+    const char* mode;
+    const char* shown;
+    const char* modeShown;
+};
+
+class ReadsTheRig : public ::testing::TestWithParam<RigCase> {};
+
+TEST_P(ReadsTheRig, ShowsItsFrequencyAndMode) {
+    const RigCase& t = GetParam();
+    OnAir h(*t.rig, t.hz, t.mode);
+    EXPECT_EQ(h.c.f.txtVfoA.text, t.shown);
+    EXPECT_EQ(h.c.f.txtMode.text, t.modeShown);
+    EXPECT_EQ(h.c.s.CurrentFrequency, t.hz / 10);
+    EXPECT_EQ(h.c.s.TuningFrequency, t.hz / 10);
+    // And again after the rig moves.
+    h.rig().state().frequencyHz = 7074000;
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "7.074.00");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryReadableRig, ReadsTheRig,
+    ::testing::Values(RigCase{&RigFT817, 14250000, "USB", "14.250.00", "USB"},
+                      RigCase{&RigFT817ND, 145500000, "FM", "145.500.00", "FM"},
+                      RigCase{&RigFT847, 432100000, "CWR", "432.100.00", "CWR"},
+                      RigCase{&RigFT857D, 3573000, "DIG", "3.573.00", "DIG"},
+                      RigCase{&RigFT897, 50125000, "FMN", "50.125.00", "FMN"},
+                      RigCase{&RigFT450, 21074000, "RTYU", "21.074.00", "RTYU"},
+                      RigCase{&RigFRG100, 9630000, "AM", "9.630.00", "AM"},
+                      RigCase{&RigFT1000MP, 18100000, "PKTF", "18.100.00", "PKTF"},
+                      RigCase{&RigFT920, 28500000, "USB", "28.500.00", "USB"}));
+
+TEST(ReadFrequency, TheVr5000IsNeverRead) {
+    OnAir h(RigVR5000, 145575000, "FM");
+    h.rig().clearTrace();
+    ReadFrequencyAndMode(h.c);
+    EXPECT_TRUE(h.rigReceived().isEmpty());
+    EXPECT_EQ(h.c.f.txtVfoA.text, "");
+}
+
+// Replies written by hand, through a scripted port.
+struct Scripted : Harness {
+    explicit Scripted(const QString& rig) : Harness(true) {
+        c.s.RigType = rig;
+        c.f.chkOnOff.value = 1;
+        scriptedPort->open("1", "4800,N,8,2", false, nullptr);
+    }
+    void replies(const QByteArray& bytes) {
+        scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
+    }
+};
+
+TEST(BadFrequency, IsReportedAndStopsTheNextAutoStart) {
+    Scripted h(RigFT817);
+    h.c.f.txtVfoA.text = "7.000.00";
+    h.c.s.CurrentFrequency = 700000;
+    h.replies(QByteArray::fromHex("01425a0001"));
+    ReadFrequencyAndMode(h.c);
+    ASSERT_EQ(h.dialogs.messages.size(), 1u);
+    EXPECT_EQ(h.dialogs.messages[0].text,
+              "Bad frequency from rig - 01425A00\r\nData flow between PC and rig will be "
+              "re-synchronised.");
+    EXPECT_EQ(h.stored("Settings", "AutoStart"), "No");
+    EXPECT_EQ(h.c.s.CurrentFrequency, 700000);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "7.000.00");
+    EXPECT_FALSE(h.system.aborted);
+}
+
+TEST(BadFrequency, TheThirdInARowEndsTheProgramWithNothingSaved) {
+    Scripted h(RigFT857);
+    h.replies(QByteArray::fromHex("014250f001"));
+    ReadFrequencyAndMode(h.c);
+    ReadFrequencyAndMode(h.c);
+    EXPECT_FALSE(h.system.aborted);
+    ReadFrequencyAndMode(h.c);
+    EXPECT_TRUE(h.system.aborted);
+    EXPECT_FALSE(h.system.ended);  // no orderly end: nothing else is saved
+    EXPECT_TRUE(h.dialogs.messages.back().text.startsWith(
+        "We have received 3 consecutive bad frequencies. There is probably\r\n"));
+}
+
+TEST(BadFrequency, AGoodOneInBetweenStartsTheCountAgain) {
+    Scripted h(RigFT817);
+    QList<QByteArray> answers = {"01425a0001", "01425a0001", "0142500001", "01425a0001",
+                                 "01425a0001"};
+    h.scriptedPort->answer = [&answers](const QByteArray&) {
+        return QByteArray::fromHex(answers.takeFirst());
+    };
+    for (int i = 0; i < 5; ++i) ReadFrequencyAndMode(h.c);
+    EXPECT_FALSE(h.system.aborted);
+    EXPECT_EQ(h.c.s.BadFrequencyCount, 2);
+}
+
+TEST(BadFrequency, TheSimulatorsCorruptDigitIsCaught) {
+    OnAir h(RigFT817, 14250000, "USB");
+    h.rig().faults().corruptDigitReplies = 1;
+    h.rig().state().frequencyHz = 7074000;
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
+    EXPECT_EQ(h.c.s.BadFrequencyCount, 1);
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "7.074.00");
+    EXPECT_EQ(h.c.s.BadFrequencyCount, 0);
+}
+
+struct ModeByteCase {
+    const char* reply;
+    const char* mode;
+};
+
+class Ft817ModeByte : public ::testing::TestWithParam<ModeByteCase> {};
+
+TEST_P(Ft817ModeByte, NamesTheMode) {
+    Scripted h(RigFT817);
+    h.replies(QByteArray::fromHex(GetParam().reply));
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtMode.text, GetParam().mode);
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, Ft817ModeByte,
+                         ::testing::Values(ModeByteCase{"0000000006", "FM"},
+                                           ModeByteCase{"000000008a", "DIG"},
+                                           ModeByteCase{"0000000083", "CWRN"},
+                                           ModeByteCase{"0000000005", "5"},
+                                           ModeByteCase{"00000000ff", "255"}));
+
+TEST(ReadFrequency, ZeroIsAGoodFrequency) {
+    Scripted h(RigFT847);
+    h.replies(QByteArray::fromHex("0000000001"));
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.s.CurrentFrequency, 0);
+    EXPECT_EQ(h.c.f.txtVfoA.text, ".000.00");
+    EXPECT_TRUE(h.dialogs.messages.empty());
+}
+
+TEST(ReadFrequency, AShortReplyChangesNothing) {
+    Scripted h(RigFT817);
+    h.c.f.txtVfoA.text = "1.000.00";
+    h.replies(QByteArray::fromHex("014250"));
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
+    EXPECT_TRUE(h.c.s.ReplyTimedOut);
+}
+
+TEST(Ft1000Mp, AByteOneAbove2EIsRejectedSilently) {
+    Scripted h(RigFT1000MP);
+    QByteArray block(16, '\0');
+    block[1] = 0x2F;
+    h.replies(block);
+    h.c.f.txtVfoA.text = "1.000.00";
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
+    EXPECT_TRUE(h.dialogs.messages.empty());
+}
+
+TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
+    Scripted h(RigFT1000MP);
+    QByteArray block(16, '\0');
+    // 1 425 000.5 x 16 = 22 800 008: half way, rounds to the even 1 425 000.
+    block[1] = 0x01, block[2] = 0x5B, block[3] = static_cast<char>(0xE6);
+    block[4] = static_cast<char>(0x88);
+    block[7] = 5;                       // RTTY, no alternate flag: the "RTTL" spelling
+    block[8] = 0x32;                    // 8.2 MHz filter member 1, 455 kHz member 2
+    h.replies(block);
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.s.CurrentFrequency, 1425000);
+    EXPECT_EQ(h.c.f.txtMode.text, "RTTL");
+    EXPECT_EQ(h.c.f.cmdFT1000MP_Filter_82[1].backColour, PaleGreen);
+    EXPECT_EQ(h.c.f.cmdFT1000MP_Filter_82[0].backColour, White);
+    EXPECT_EQ(h.c.f.cmdFT1000MP_Filter_455[2].backColour, PaleGreen);
+    EXPECT_EQ(h.c.f.cmdFT1000MP_Filter_455[4].backColour, White);
+}
+
+TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheLabel) {
+    Scripted h(RigFT920);
+    QByteArray block(28, '\0');
+    block[1] = 0x00, block[2] = static_cast<char>(0xD9), block[3] = 0x70, block[4] = 0x10;
+    block[7] = static_cast<char>(0x83);  // FM, narrow
+    h.replies(block);
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
+    EXPECT_EQ(h.c.f.txtMode.text, "FMN");
+    EXPECT_EQ(h.c.f.Command2[6].backColour, PaleGreen);
+    EXPECT_TRUE(h.c.f.lblNarrow.visible);
+}
+
+TEST(Ft920, WithTheMetersOpenASecondReadHoldsVfoB) {
+    OnAir h(RigFT920, 14250000, "USB");
+    h.rig().state().vfoBHz = 7050000;
+    h.c.s.MetersVisible = true;
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");  // the main display keeps VFO A
+    EXPECT_EQ(h.c.frmMeters.lblVFOB.caption, "7.050.00");
+    EXPECT_EQ(h.c.s.CurrentFrequency, 705000);  // until the next reading
+}
+
+struct Ft450Case {
+    const char* reply;
+    int32_t frequency;
+    const char* mode;
+    const char* shift;
+    const char* toneEncode;
+    const char* toneDecode;
+};
+
+class Ft450If : public ::testing::TestWithParam<Ft450Case> {};
+
+TEST_P(Ft450If, ReadsPositions) {
+    const Ft450Case& t = GetParam();
+    Scripted h(RigFT450);
+    h.replies(t.reply);
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.s.CurrentFrequency, t.frequency);
+    EXPECT_EQ(h.c.f.txtMode.text, t.mode);
+    EXPECT_EQ(h.c.s.TargetShift, t.shift);
+    EXPECT_EQ(h.c.s.ToneEncode, t.toneEncode);
+    EXPECT_EQ(h.c.s.ToneDecode, t.toneDecode);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Replies, Ft450If,
+    ::testing::Values(
+        // 14.250005 and 14.250015 MHz round to the even tens of hertz.
+        Ft450Case{"IF00114250005+000000200000;", 1425000, "USB", "0", "0", "0"},
+        Ft450Case{"IF00114250015+000000200000;", 1425002, "USB", "0", "0", "0"},
+        Ft450Case{"IF00129620000+000000402121;", 2962000, "FM", "+", "1", "0"},
+        Ft450Case{"IF00129620000+000000401082;", 2962000, "FM", "-", "0", "1"},
+        Ft450Case{"IF00107074000+000000Z00000;", 707400, "???", "0", "0", "0"}));
+
+TEST(Ft450, AReplyOfTheWrongKindAsksForResynchronisation) {
+    Scripted h(RigFT450);
+    h.replies("MD02;");
+    h.c.f.txtVfoA.text = "1.000.00";
+    ReadFrequencyAndMode(h.c);
+    EXPECT_TRUE(h.c.s.TextResyncNeeded);
+    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
+}
+
+TEST(Ft450, AShortReplyOfAnyLengthIsSurvived) {
+    for (const char* reply : {"IF;", "IF0011425;", "IF00114250000+00000;", "I;"}) {
+        Scripted h(RigFT450);
+        h.replies(reply);
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.f.txtMode.text.isEmpty(), QByteArray(reply).size() < 3) << reply;
+    }
+}
+
+TEST(Ft450, APendingChangeKeepsItsToneState) {
+    Scripted h(RigFT450);
+    h.c.s.FrequencyChangePending = true;
+    h.c.s.ToneEncode = "1";
+    h.replies("IF00129620000+000000400001;");
+    ReadFrequencyAndMode(h.c);
+    EXPECT_EQ(h.c.s.ToneEncode, "1");
+    EXPECT_EQ(h.c.s.RigToneEncode, "0");
+    EXPECT_EQ(h.c.f.cmdShiftSimplex.backColour, ButtonFace);
+    EXPECT_EQ(h.c.f.cmdShiftPlus.backColour, PaleGreen);
+}
+
+struct FormatCase {
+    int32_t frequency;
+    char mark;
+    const char* full;
+    const char* shortForm;
+};
+
+class FrequencyText : public ::testing::TestWithParam<FormatCase> {};
+
+TEST_P(FrequencyText, HasBothForms) {
+    Harness h;
+    h.c.s.DecimalSeparator = QString(GetParam().mark);
+    basic::SetDecimalMark(GetParam().mark);
+    EXPECT_EQ(FormatFrequency(h.c, GetParam().frequency), GetParam().full);
+    EXPECT_EQ(FormatFrequencyShort(h.c, GetParam().frequency), GetParam().shortForm);
+    EXPECT_EQ(h.c.s.LastDisplayedFrequency, GetParam().frequency);
+    basic::SetDecimalMark('.');
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, FrequencyText,
+    ::testing::Values(FormatCase{1425000, '.', "14.250.00", "14.25000"},
+                      FormatCase{1425000, ',', "14,250,00", "14,25000"},
+                      FormatCase{13600, '.', ".136.00", ".13600"},
+                      FormatCase{259999998, '.', "2599.999.98", "2599.99998"},
+                      FormatCase{100500000, '.', "1005.000.00", "1005.00000"}));
+
+// The rate of full readings.
+TEST(Polling, NoPollingReadsNothingUntilUpdateNow) {
+    OnAir h(RigFT817, 14250000, "USB");
+    SetPollingDelay(h.c, 99);
+    EXPECT_EQ(h.stored("Settings", "PollingDelay"), "99");
+    EXPECT_TRUE(h.c.f.mnuPollingOff.checked);
+    h.rig().clearTrace();
+    PerformStatusUpdate(h.c);
+    EXPECT_TRUE(h.rigReceived().isEmpty());
+    mnuPollingUpdateNow_Click(h.c);
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 03");
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(h.rigReceived().size(), 5);  // one reading only
+}
+
+TEST(Polling, AReadingFallsDueAfterTheEndOfTheLastOne) {
+    OnAir h(RigFT817, 14250000, "USB");
+    SetPollingDelay(h.c, 5000);
+    h.c.s.NextPollTime = h.clock.now;
+    h.rig().clearTrace();
+    PerformStatusUpdate(h.c);
+    const uint32_t ended = h.clock.now;
+    EXPECT_EQ(h.rigReceived().size(), 5);
+    h.clock.now = ended + 4999;
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(h.rigReceived().size(), 5);
+    h.clock.now = ended + 5000;
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(h.rigReceived().size(), 10);
+}
+
+TEST(Polling, TalkSpeedSetsThePeriodAndIsStored) {
+    Harness h;
+    mnuTalk_Click(h.c, 5);
+    EXPECT_EQ(h.pollTimer.period, 26);
+    EXPECT_TRUE(h.c.f.mnuTalk[4].checked);
+    EXPECT_EQ(h.stored("Settings", "TalkFreq"), "5");
+    mnuTalk_Click(h.c, 1);
+    EXPECT_EQ(h.pollTimer.period, 130);
+}
+
+}  // namespace
+}  // namespace veldor::test
