@@ -8,50 +8,77 @@ namespace veldor {
 
 namespace {
 
-uint8_t Byte(const Core& c, int i) { return static_cast<uint8_t>(c.s.ReplyBytes.at(i)); }
+uint8_t Byte(const Core& c, int i) {
+    return static_cast<uint8_t>(c.s.ReplyBytes.at(i));
+}
 
 // Bytes 1 to 4 of a VFO record, big-endian.
 double RecordValue(const Core& c, int first) {
-    return 16777216.0 * Byte(c, first) + 65536.0 * Byte(c, first + 1) +
-           256.0 * Byte(c, first + 2) + Byte(c, first + 3);
+    return 16777216.0 * Byte(c, first) + 65536.0 * Byte(c, first + 1) + 256.0 * Byte(c, first + 2) +
+           Byte(c, first + 3);
 }
 
 // The mode byte of the FT-817/857/897 and FT-847.
 QString BcdRigMode(uint8_t code) {
     switch (code) {
-        case 0x00: return "LSB";
-        case 0x01: return "USB";
-        case 0x02: return "CW";
-        case 0x03: return "CWR";
-        case 0x04: return "AM";
+        case 0x00:
+            return "LSB";
+        case 0x01:
+            return "USB";
+        case 0x02:
+            return "CW";
+        case 0x03:
+            return "CWR";
+        case 0x04:
+            return "AM";
         case 0x06:
-        case 0x08: return "FM";
+        case 0x08:
+            return "FM";
         case 0x0A:
-        case 0x8A: return "DIG";
-        case 0x0C: return "PKT";
-        case 0x82: return "CWN";
-        case 0x83: return "CWRN";
-        case 0x84: return "AMN";
-        case 0x88: return "FMN";
-        default: return QString::number(code);
+        case 0x8A:
+            return "DIG";
+        case 0x0C:
+            return "PKT";
+        case 0x82:
+            return "CWN";
+        case 0x83:
+            return "CWRN";
+        case 0x84:
+            return "AMN";
+        case 0x88:
+            return "FMN";
+        default:
+            return QString::number(code);
     }
 }
 
 // The FT-450's mode digit, character 21 of the "IF" reply.
 QString Ft450Mode(QChar digit) {
     switch (digit.toLatin1()) {
-        case '1': return "LSB";
-        case '2': return "USB";
-        case '3': return "CW";
-        case '4': return "FM";
-        case '5': return "AM";
-        case '6': return "RTYL";
-        case '7': return "CWR";
-        case '8': return "USRL";
-        case '9': return "RTYU";
-        case 'B': return "FMN";
-        case 'C': return "USRU";
-        default: return "???";
+        case '1':
+            return "LSB";
+        case '2':
+            return "USB";
+        case '3':
+            return "CW";
+        case '4':
+            return "FM";
+        case '5':
+            return "AM";
+        case '6':
+            return "RTYL";
+        case '7':
+            return "CWR";
+        case '8':
+            return "USRL";
+        case '9':
+            return "RTYU";
+        case 'B':
+            return "FMN";
+        case 'C':
+            return "USRU";
+        default:
+            return "???";
     }
 }
 
@@ -59,7 +86,7 @@ QString Ft450Mode(QChar digit) {
 // on purpose and is not one of the program's mode names.
 QString Ft1000MpMode(int bits, bool alternate) {
     static const char* const kPlain[] = {"LSB", "USB", "CW", "AM", "FM", "RTTL", "PKTL", "???"};
-    static const char* const kAlternate[] = {"LSB", "USB", "CWR", "AMS",
+    static const char* const kAlternate[] = {"LSB", "USB",  "CWR",  "AMS",
                                              "FM",  "RTYU", "PKTF", "???"};
     return (alternate ? kAlternate : kPlain)[bits & 7];
 }
@@ -69,14 +96,22 @@ QString Ft1000MpMode(int bits, bool alternate) {
 QString Ft920Mode(uint8_t b) {
     const bool alternate = b & 0x40, narrow = b & 0x80;
     switch (b & 7) {
-        case 0: return alternate ? "USB" : "LSB";
-        case 1: return alternate ? "CW" : "CWR";
-        case 2: return narrow ? "AMN" : "AM";
-        case 3: return narrow ? "FMN" : "FM";
-        case 4: return "RTYL";
-        case 5: return "RTYU";
-        case 6: return "PKTF";
-        default: return "???";
+        case 0:
+            return alternate ? "USB" : "LSB";
+        case 1:
+            return alternate ? "CW" : "CWR";
+        case 2:
+            return narrow ? "AMN" : "AM";
+        case 3:
+            return narrow ? "FMN" : "FM";
+        case 4:
+            return "RTYL";
+        case 5:
+            return "RTYU";
+        case 6:
+            return "PKTF";
+        default:
+            return "???";
     }
 }
 
@@ -150,10 +185,14 @@ void ReadFt450(Core& c) {
 
     const QString memory = at(22);
     Label& mode450 = c.frm450DSP.lbl450Mode;
-    if (memory == "0") mode450.caption = "VFO";
-    else if (memory == "1") mode450.caption = "M-" + at(3, 3);
-    else if (memory == "2") mode450.caption = "M-Tune";
-    else if (memory == "3") mode450.caption = "QMB";
+    if (memory == "0")
+        mode450.caption = "VFO";
+    else if (memory == "1")
+        mode450.caption = "M-" + at(3, 3);
+    else if (memory == "2")
+        mode450.caption = "M-Tune";
+    else if (memory == "3")
+        mode450.caption = "QMB";
 
     const QString toneMode = at(23);
     s.RigToneEncode = toneMode == "2" ? "1" : "0";
@@ -229,11 +268,16 @@ void ReadFrequencyAndMode(Core& c) {
     const QString& rig = c.s.RigType;
     const RigInfo* info = FindRig(rig);
     if (!info) return;
-    if (info->family == LinkFamily::Bcd) ReadBcdRig(c);
-    else if (rig == RigFT450) ReadFt450(c);
-    else if (rig == RigFRG100) ReadFrg100(c);
-    else if (rig == RigFT1000MP) ReadFt1000Mp(c);
-    else if (rig == RigFT920) ReadFt920(c);
+    if (info->family == LinkFamily::Bcd)
+        ReadBcdRig(c);
+    else if (rig == RigFT450)
+        ReadFt450(c);
+    else if (rig == RigFRG100)
+        ReadFrg100(c);
+    else if (rig == RigFT1000MP)
+        ReadFt1000Mp(c);
+    else if (rig == RigFT920)
+        ReadFt920(c);
     // The VR-5000 cannot be read: frequency and mode stay as last sent.
 }
 

@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include "link/catalogue.h"
+#include "link/poll_cycle.h"
 #include "link/start_stop.h"
 #include "ui/messages_window.h"
 
@@ -238,6 +239,44 @@ void MainWindow::buildMenus() {
     QAction* settings = options->addAction("&Settings...");
     settings->setObjectName("mnuSettings");
     connect(settings, &QAction::triggered, this, [this] { handle(Form_DblClick); });
+    options->addSeparator();
+
+    // Polling: how often a full reading is made.
+    QMenu* polling = options->addMenu("&Polling");
+    polling->setObjectName("mnuPollingTitle");
+    const std::pair<const char*, int32_t> rates[] = {
+        {"mnuPollingOff", 99}, {"mnuPolling", 0},      {"mnuPolling02", 200},
+        {"mnuPolling05", 500}, {"mnuPolling1", 1000},  {"mnuPolling2", 2000},
+        {"mnuPolling5", 5000}, {"mnuPolling10", 10000}};
+    MenuItem* items[] = {&c_.f.mnuPollingOff, &c_.f.mnuPolling,  &c_.f.mnuPolling02,
+                         &c_.f.mnuPolling05,  &c_.f.mnuPolling1, &c_.f.mnuPolling2,
+                         &c_.f.mnuPolling5,   &c_.f.mnuPolling10};
+    for (size_t i = 0; i < std::size(rates); ++i) {
+        QAction* a = polling->addAction(items[i]->caption);
+        a->setObjectName(rates[i].first);
+        a->setCheckable(true);
+        const int32_t delay = rates[i].second;
+        connect(a, &QAction::triggered, this,
+                [this, delay] { handle([delay](Core& c) { SetPollingDelay(c, delay); }); });
+        menuItems_.emplace_back(a, items[i]);
+    }
+    polling->addSeparator();
+    QAction* now = polling->addAction("Update now");
+    now->setObjectName("mnuPollingUpdateNow");
+    now->setShortcut(Qt::Key_F3);
+    connect(now, &QAction::triggered, this, [this] { handle(mnuPollingUpdateNow_Click); });
+
+    // Talk speed: how often the poll tick runs.
+    QMenu* talk = options->addMenu("&Talk speed");
+    talk->setObjectName("mnuTalkSpeed");
+    for (int i = 0; i < 5; ++i) {
+        QAction* a = talk->addAction(c_.f.mnuTalk[i].caption);
+        a->setObjectName(QString("mnuTalk%1").arg(i + 1));
+        a->setCheckable(true);
+        connect(a, &QAction::triggered, this,
+                [this, i] { handle([i](Core& c) { mnuTalk_Click(c, i + 1); }); });
+        menuItems_.emplace_back(a, &c_.f.mnuTalk[i]);
+    }
 }
 
 void MainWindow::handle(const std::function<void(Core&)>& handler) {
@@ -283,6 +322,13 @@ void MainWindow::render() {
         widget->setText(model->caption);
         ShowControl(widget, *model);
         ShowColour(widget, model->backColour);
+    }
+
+    for (auto [action, item] : menuItems_) {
+        action->setText(item->caption);
+        action->setChecked(item->checked);
+        action->setEnabled(item->enabled);
+        action->setVisible(item->visible);
     }
 
     chkSliders_->setChecked(f.chkSliders.value == 1);

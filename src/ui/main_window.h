@@ -66,6 +66,7 @@ class MainWindow : public QMainWindow {
     QLabel* lblAGCdelay_;
     QLabel* lblExtra_;
     std::vector<std::pair<QPushButton*, CommandButton*>> modelButtons_;
+    std::vector<std::pair<QAction*, MenuItem*>> menuItems_;
     bool rendering_ = false;
 };
 

@@ -107,7 +107,9 @@ void QtSystem::showSettings() {
     if (onShowSettings) onShowSettings();
 }
 
-void QtSystem::abortProcess() { std::_Exit(0); }
+void QtSystem::abortProcess() {
+    std::_Exit(0);
+}
 
 void QtSystem::endProcess() {
     ended_ = true;

@@ -1,10 +1,10 @@
 // Reading frequency and mode from every rig, through the simulated rigs and through bytes
 // written by hand from the rigs' manuals.
+#include "protocol/read_frequency.h"
 #include "basic/basic.h"
 #include "link/catalogue.h"
 #include "link/poll_cycle.h"
 #include "link/start_stop.h"
-#include "protocol/read_frequency.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -191,8 +191,8 @@ TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
     // 1 425 000.5 x 16 = 22 800 008: half way, rounds to the even 1 425 000.
     block[1] = 0x01, block[2] = 0x5B, block[3] = static_cast<char>(0xE6);
     block[4] = static_cast<char>(0x88);
-    block[7] = 5;                       // RTTY, no alternate flag: the "RTTL" spelling
-    block[8] = 0x32;                    // 8.2 MHz filter member 1, 455 kHz member 2
+    block[7] = 5;     // RTTY, no alternate flag: the "RTTL" spelling
+    block[8] = 0x32;  // 8.2 MHz filter member 1, 455 kHz member 2
     h.replies(block);
     ReadFrequencyAndMode(h.c);
     EXPECT_EQ(h.c.s.CurrentFrequency, 1425000);
@@ -308,13 +308,13 @@ TEST_P(FrequencyText, HasBothForms) {
     basic::SetDecimalMark('.');
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, FrequencyText,
-    ::testing::Values(FormatCase{1425000, '.', "14.250.00", "14.25000"},
-                      FormatCase{1425000, ',', "14,250,00", "14,25000"},
-                      FormatCase{13600, '.', ".136.00", ".13600"},
-                      FormatCase{259999998, '.', "2599.999.98", "2599.99998"},
-                      FormatCase{100500000, '.', "1005.000.00", "1005.00000"}));
+INSTANTIATE_TEST_SUITE_P(Values, FrequencyText,
+                         ::testing::Values(FormatCase{1425000, '.', "14.250.00", "14.25000"},
+                                           FormatCase{1425000, ',', "14,250,00", "14,25000"},
+                                           FormatCase{13600, '.', ".136.00", ".13600"},
+                                           FormatCase{259999998, '.', "2599.999.98", "2599.99998"},
+                                           FormatCase{100500000, '.', "1005.000.00",
+                                                      "1005.00000"}));
 
 // The rate of full readings.
 TEST(Polling, NoPollingReadsNothingUntilUpdateNow) {

@@ -152,8 +152,12 @@ TEST_P(TakeAndRelease, SendsTheRigsOpeningAndClosingBytes) {
 
 const QByteArray kNothing;
 // The first reading after the opening: frequency and mode.
-QByteArray ReadBcd() { return Bytes({0, 0, 0, 0, 0x03}); }
-QByteArray ReadBlock() { return Bytes({0, 0, 0, 2, 0x10}); }
+QByteArray ReadBcd() {
+    return Bytes({0, 0, 0, 0, 0x03});
+}
+QByteArray ReadBlock() {
+    return Bytes({0, 0, 0, 2, 0x10});
+}
 
 INSTANTIATE_TEST_SUITE_P(
     EveryRig, TakeAndRelease,
@@ -167,8 +171,10 @@ INSTANTIATE_TEST_SUITE_P(
                  Bytes({0, 0, 0, 0, 0x20})},
         TakeCase{&RigFT817, "Y", ReadBcd(), kNothing},
         TakeCase{&RigFT817ND, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT857, "N", ReadBcd(), kNothing}, TakeCase{&RigFT857D, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT897, "N", ReadBcd(), kNothing}, TakeCase{&RigFT897D, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT857, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT857D, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT897, "N", ReadBcd(), kNothing},
+        TakeCase{&RigFT897D, "N", ReadBcd(), kNothing},
         TakeCase{&RigFT920, "N", ReadBlock(), kNothing},
         TakeCase{&RigFT1000MP, "Y", ReadBlock(), kNothing}));
 
