@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -29,7 +30,9 @@ class WindowOverPty : public ::testing::Test {
         qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
         link = dir.path() + "/ttyFT847";
         stateFile = dir.path() + "/rig.state";
-        rigsim.start(RigsimPath(), {"--rig", "FT847", "--link", link, "--state-file", stateFile});
+        control = dir.path() + "/control";
+        rigsim.start(RigsimPath(), {"--rig", "FT847", "--link", link, "--state-file", stateFile,
+                                    "--control", control});
         ASSERT_TRUE(rigsim.waitForStarted(5000));
         ASSERT_TRUE(rigsim.waitForReadyRead(5000));
         QDir().mkpath(dir.path() + "/VELDOR");
@@ -64,8 +67,15 @@ class WindowOverPty : public ::testing::Test {
         return false;
     }
 
+    // A line to the rig's control pipe, as if the operator turned its knob.
+    void tellRig(const QByteArray& line) {
+        QFile pipe(control);
+        ASSERT_TRUE(pipe.open(QIODevice::WriteOnly));
+        pipe.write(line + "\n");
+    }
+
     QTemporaryDir dir;
-    QString link, stateFile;
+    QString link, stateFile, control;
     QProcess rigsim;
 };
 
@@ -93,6 +103,28 @@ TEST_F(WindowOverPty, OnOffTakesTheFt847IntoCatModeAndOut) {
     auto* count = app.window().findChild<QLabel*>("lblTimeoutCount");
     ASSERT_NE(count, nullptr);
     EXPECT_EQ(count->text(), "0");
+}
+
+TEST_F(WindowOverPty, TheWindowFollowsTheRigAndRecordsItForOtherPrograms) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    ClickCheckBox(app.window().findChild<QCheckBox*>("chkOnOff"));
+    auto* vfo = app.window().findChild<QLineEdit*>("txtVfoA");
+    ASSERT_NE(vfo, nullptr);
+    tellRig("freq 7074000");
+    tellRig("mode LSB");
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < 5000 && vfo->text() != "7.074.00") QTest::qWait(20);
+    EXPECT_EQ(vfo->text(), "7.074.00");
+    EXPECT_EQ(app.window().findChild<QLineEdit*>("txtMode")->text(), "LSB");
+    QTest::qWait(300);  // a tick or two more, for the record
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+    const QByteArray text = ini.readAll();
+    EXPECT_TRUE(text.contains("Frequency=7.074.00")) << text.toStdString();
+    EXPECT_TRUE(text.contains("Mode=LSB"));
+    EXPECT_TRUE(text.contains("Status=Active"));
 }
 
 TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
