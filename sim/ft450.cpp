@@ -83,6 +83,11 @@ class Ft450 : public SimBase {
         if (cmd == "BY")
             return send(signalLevel(now) > 0 || s.squelchOpen ? "BY10;" : "BY00;", now);
         if (cmd == "TX") return send(s.ptt ? "TX1;" : "TX0;", now);
+        // Tuner, attenuator, IPO and AGC: all in their plain state.
+        if (cmd == "AC") return send("AC000;", now);
+        if (cmd == "RA0") return send("RA00;", now);
+        if (cmd == "PA0") return send("PA00;", now);
+        if (cmd == "GT0") return send("GT00;", now);
         if (cmd == "TX1") {
             s.ptt = true;
             return;

@@ -33,6 +33,7 @@ struct Label : Control {
 struct CommandButton : Control {
     QString caption;
     Colour backColour = ButtonFace;
+    bool bold = false;
 };
 
 struct CheckBox : Control {

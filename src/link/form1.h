@@ -29,6 +29,30 @@ struct Form1 {
     ProgressBar pbarGotSignal{
         {true, true, " S-meter level that indicates got a signal "}, 3, 0, 15};
 
+    // State lights: back colour green, white or red.
+    Label lblTX{{true, true, " PTT On "}, "TX", White};
+    Label lblRX{{true, true, " Busy "}, "RX", White};
+    Label lblSQL{{true, true, " Squelch On "}, "SQL", White};
+    Label lblDCS{{true, true, {}}, "DCS", White};
+    Label lblDISC{{true, true, {}}, "DISC", White};
+
+    // FT-817 AGC, which the status read can follow.
+    MenuItem mnuFT817AGCmonitor{"&AGC monitor"};
+    std::array<OptionButton, 4> optFT817AGC{};
+
+    // FT-920 indicators: the VFO shapes, antenna, dial speed and tuner.
+    Colour shpTxVfoA = 0xE0E0E0, shpRxVfoA = 0xE0E0E0, shpTxVfoB = 0xE0E0E0, shpRxVfoB = 0xE0E0E0;
+    Label lblAnt{{true, true, {}}, "A"};
+    Label lblRXant{{true, false, {}}, "RX ant"};
+    Label lblTune{{true, true, {}}, " N O R"};
+    CommandButton cmdFT920Tuner{{true, true, {}}, "Tuner", White};
+
+    // FT-450 function lights: green on, white off.
+    Label lbl450Tuner{{true, true, {}}, "Tuner", White};
+    Label lbl450Att{{true, true, {}}, "ATT", White};
+    Label lbl450Ipo{{true, true, {}}, "IPO", White};
+    std::array<Label, 4> lbl450AGC{};
+
     // Delays: command, S-meter and extra delay in milliseconds.
     CheckBox chkSliders{{true, true, " Show/hide the delay sliders "}, "Delays"};
     Slider sldCMDdelay{{true, false, {}}, 0, 0, 500};

@@ -1,9 +1,84 @@
 #include "link/poll_cycle.h"
 
+#include "link/catalogue.h"
+#include "link/serial_link.h"
 #include "link/start_stop.h"
 #include "protocol/read_frequency.h"
+#include "protocol/read_signal.h"
 
 namespace veldor {
+
+namespace {
+
+// On: green and bold; off: the button face and normal weight.
+void ShowFeature(CommandButton& button, bool on) {
+    button.backColour = on ? Green : ButtonFace;
+    button.bold = on;
+}
+
+void Show450Light(Label& light, bool on) {
+    light.backColour = on ? Green : White;
+}
+
+// The FT-450's function lights, one text exchange each; a reply of another kind skips only
+// its own item.
+void ReadFt450Extras(Core& c) {
+    State& s = c.s;
+    Form1& f = c.f;
+    auto ask = [&c](const QString& command, const QString& prefix) {
+        SendText(c, command);
+        return ReceiveData(c) && c.s.TextReply.left(2) == prefix;
+    };
+    auto at = [&s](int position, int length = 1) { return s.TextReply.mid(position - 1, length); };
+    if (ask("AC;", "AC")) {
+        s.TunerOn = at(5) != "0";
+        Show450Light(f.lbl450Tuner, s.TunerOn);
+    }
+    if (ask("RA0;", "RA")) Show450Light(f.lbl450Att, at(4) != "0");
+    if (ask("PA0;", "PA")) Show450Light(f.lbl450Ipo, at(4) != "1");  // the opposite sense
+    if (ask("GT0;", "GT") && at(4) != s.LastAGC) {
+        s.LastAGC = at(4);
+        for (Label& l : f.lbl450AGC) l.backColour = White;
+        const int member = s.LastAGC.toInt();
+        if (s.LastAGC.size() == 1 && s.LastAGC[0].isDigit() && member < 4)
+            f.lbl450AGC[member].backColour = Green;
+    }
+    if (ask("VS;", "VS")) {
+        s.VfoAActive = at(3) == "0";
+        s.VfoLetter = s.VfoAActive ? "A" : "B";
+        f.lblRigMode.caption = s.VfoAActive ? "VFO A" : "VFO B";
+    }
+    // The DSP panel's items join here with the panel.
+}
+
+// The FT-897 and FT-857 feature buttons from the rig's memory. The masks of the two rigs
+// differ on purpose.
+void ReadModelExtras(Core& c) {
+    const QString& rig = c.s.RigType;
+    Form1& f = c.f;
+    if (rig == RigFT897 || rig == RigFT897D || rig == RigFT857 || rig == RigFT857D) {
+        const bool ft897 = rig == RigFT897 || rig == RigFT897D;
+        if (ft897)
+            ReadFT897Status(c);
+        else
+            ReadFT857Status(c);
+        if (c.s.ReplyTimedOut) return;
+        const auto& b = ft897 ? c.s.FT897Flags : c.s.FT857Flags;
+        // b[0..1] at 0x0068, b[2..3] at 0x006A, b[4..5] at 0x00A8.
+        auto masked = [&b](uint8_t mask) { return (b[4] & mask) == mask; };
+        ShowFeature(ft897 ? f.cmdFT897Processor : f.cmdFT857Processor, b[5] & 0x02);
+        ShowFeature(ft897 ? f.cmdFT897NoiseBlanker : f.cmdFT857NoiseBlanker, b[2] & 0x20);
+        ShowFeature(ft897 ? f.cmdFT897DNF : f.cmdFT857DNF, masked(ft897 ? 0x11 : 0x01));
+        ShowFeature(ft897 ? f.cmdFT897DNR : f.cmdFT857DNR, masked(ft897 ? 0x12 : 0x02));
+        ShowFeature(ft897 ? f.cmdFT897DBF : f.cmdFT857DBF, masked(ft897 ? 0x1C : 0x0C));
+        ShowFeature(ft897 ? f.cmdFT897Fast : f.cmdFT857Fast, b[2] & 0x80);
+        ShowFeature(ft897 ? f.cmdFT897Lock : f.cmdFT857Lock, b[2] & 0x40);
+    } else if (rig == RigFT450) {
+        ReadFt450Extras(c);
+    }
+}
+
+}  // namespace
 
 void PerformStatusUpdate(Core& c) {
     State& s = c.s;
@@ -14,7 +89,9 @@ void PerformStatusUpdate(Core& c) {
     if (s.PollingDelay != 0 && static_cast<int32_t>(s.NextPollTime - c.p.clock->milliseconds()) > 0)
         return;
     ReadFrequencyAndMode(c);
-    // The status and signal reads, and the model extras, join here with their Parts.
+    ReadStatus(c);
+    ReadSignal(c);
+    ReadModelExtras(c);
     s.NextPollTime = c.p.clock->milliseconds() + static_cast<uint32_t>(s.PollingDelay);
 }
 

@@ -39,6 +39,19 @@ struct State {
     bool MetersVisible = false;
     bool ForceUpdate = false;
 
+    // Signal and status reading.
+    bool ExtraDelayNeeded = false;
+    bool IgnoreNextTxStatus = false;
+    bool SplitChangedByPoll = false;
+    bool PendingSplit = false;
+    bool Ft817AgcSilenced = false;  // the AGC option is set by the poll, not the operator
+    std::array<uint8_t, 6> FT1000Flags{};
+    std::array<uint8_t, 8> FT920Flags{};
+    std::array<uint8_t, 6> FT897Flags{};  // bytes at 0x0068, 0x006A and 0x00A8
+    std::array<uint8_t, 6> FT857Flags{};
+    bool TunerOn = false;
+    QString LastAGC;
+
     // Jobs that forbid switching off.
     bool Transmitting = false;
     bool SpectrumRunning = false;
