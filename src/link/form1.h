@@ -25,9 +25,9 @@ struct Form1 {
     Label lblRigMode{{true, true, " Tuning mode "}, {}};
 
     // Meter.
-    ProgressBar pbarSmeter{{true, true, " S-Meter "}, 0, 0, 15};
+    ProgressBar pbarSmeter{{true, true, " S-Meter "}, 0, 0, 31};
     ProgressBar pbarGotSignal{
-        {true, true, " S-meter level that indicates got a signal "}, 3, 0, 15};
+        {true, true, " S-meter level that indicates got a signal "}, 3, 0, 31};
 
     // State lights: back colour green, white or red.
     Label lblTX{{true, true, " PTT On "}, "TX", White};

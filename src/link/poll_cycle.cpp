@@ -106,6 +106,12 @@ void mnuPollingUpdateNow_Click(Core& c) {
     c.s.NextPollTime = c.p.clock->milliseconds();
 }
 
+void pbarGotSignal_MouseDown(Core& c, int x, int width) {
+    const int cell = width / 32;
+    if (cell <= 0) return;
+    c.f.pbarGotSignal.value = std::clamp(x / cell, c.f.pbarGotSignal.min, c.f.pbarGotSignal.max);
+}
+
 void mnuTalk_Click(Core& c, int talkFreq) {
     c.s.TalkFreq = std::clamp(talkFreq, 1, 5);
     c.p.tmrPollInterval->setInterval((6 - c.s.TalkFreq) * 26);

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSlider>
@@ -118,10 +119,27 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     pbarGotSignal_ = Named(new QProgressBar(meter), "pbarGotSignal", f.pbarGotSignal);
     pbarGotSignal_->setTextVisible(false);
     pbarGotSignal_->setMaximumHeight(10);
+    pbarGotSignal_->installEventFilter(this);
     met->addWidget(scale);
     met->addWidget(pbarSmeter_);
     met->addWidget(lblGotSignal);
     met->addWidget(pbarGotSignal_);
+    // The state lights.
+    auto* lights = new QHBoxLayout();
+    for (auto [name, model] : {std::pair<const char*, Label*>{"lblTX", &f.lblTX},
+                               {"lblRX", &f.lblRX},
+                               {"lblSQL", &f.lblSQL},
+                               {"lblDCS", &f.lblDCS},
+                               {"lblDISC", &f.lblDISC}}) {
+        auto* light = Named(new QLabel(model->caption, meter), name, *model);
+        light->setAlignment(Qt::AlignCenter);
+        light->setFrameShape(QFrame::Panel);
+        light->setMinimumWidth(44);
+        lights->addWidget(light);
+        lights_.emplace_back(light, model);
+    }
+    lights->addStretch();
+    met->addLayout(lights);
     top->addWidget(meter);
 
     // Transmit and scan.
@@ -322,6 +340,15 @@ void MainWindow::render() {
         widget->setText(model->caption);
         ShowControl(widget, *model);
         ShowColour(widget, model->backColour);
+        if (widget->font().bold() != model->bold) {
+            QFont font = widget->font();
+            font.setBold(model->bold);
+            widget->setFont(font);
+        }
+    }
+    for (auto [widget, model] : lights_) {
+        widget->setText(model->caption);
+        ShowColour(widget, model->backColour);
     }
 
     for (auto [action, item] : menuItems_) {
@@ -344,6 +371,16 @@ void MainWindow::render() {
 
     messages_->render();
     rendering_ = false;
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == pbarGotSignal_ && event->type() == QEvent::MouseButtonPress) {
+        const int x = static_cast<int>(static_cast<QMouseEvent*>(event)->position().x());
+        const int width = pbarGotSignal_->width();
+        handle([x, width](Core& c) { pbarGotSignal_MouseDown(c, x, width); });
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

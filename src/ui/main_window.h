@@ -35,6 +35,7 @@ class MainWindow : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     // Runs a handler, then shows its effect.
@@ -67,6 +68,7 @@ class MainWindow : public QMainWindow {
     QLabel* lblExtra_;
     std::vector<std::pair<QPushButton*, CommandButton*>> modelButtons_;
     std::vector<std::pair<QAction*, MenuItem*>> menuItems_;
+    std::vector<std::pair<QLabel*, Label*>> lights_;
     bool rendering_ = false;
 };
 
