@@ -44,6 +44,16 @@ class Ft817Family : public FiveByteSim {
     Ft817Family() { state_.eeprom.assign(0x2000, 0); }
 
   protected:
+    // A memory byte, with the bits that mirror the rig's live state: the VFO in use at 0x55
+    // (FT-817) and 0x68 (FT-857 and FT-897, whose bit 7 says the rig is on a VFO).
+    uint8_t memoryByte(int address) const {
+        const uint8_t stored = state_.eeprom[address];
+        const uint8_t vfo = state_.vfoB ? 0x01 : 0x00;
+        if (address == 0x55) return static_cast<uint8_t>((stored & 0xFE) | vfo);
+        if (address == 0x68) return static_cast<uint8_t>((stored & 0x7E) | 0x80 | vfo);
+        return stored;
+    }
+
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
         switch (f.opcode) {
@@ -70,8 +80,8 @@ class Ft817Family : public FiveByteSim {
                 const int a = (f.p1 << 8 | f.p2) % static_cast<int>(s.eeprom.size());
                 const int b = (a + 1) % static_cast<int>(s.eeprom.size());
                 QByteArray r;
-                r.append(static_cast<char>(s.eeprom[a]));
-                r.append(static_cast<char>(s.eeprom[b]));
+                r.append(static_cast<char>(memoryByte(a)));
+                r.append(static_cast<char>(memoryByte(b)));
                 return reply(r, now);
             }
             case 0xBC: {  // write one EEPROM byte

@@ -10,12 +10,15 @@
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
+
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -33,6 +36,8 @@ constexpr const char* kHelp =
     "  --rig NAME          FT817 FT817ND FT847 FT857 FT857D FT897 FT897D FT450 FT920\n"
     "                      FT1000MP FRG100 VR5000\n"
     "  --link PATH         also make PATH a symbolic link to the terminal\n"
+    "  --second-link PATH  a second terminal to the same rig, for another client; its path\n"
+    "                      is printed on the second line\n"
     "  --baud N            line speed for pacing the replies (default 4800)\n"
     "  --stop-bits N       1 or 2 (default 2)\n"
     "  --trace FILE        append every chunk: milliseconds, > host to rig or < rig to host,\n"
@@ -47,7 +52,7 @@ constexpr const char* kHelp =
     "                      with '=': drop=2,silent=1\n";
 
 struct Options {
-    QString rig, link, trace, stateFile, control, faults;
+    QString rig, link, secondLink, trace, stateFile, control, faults;
     int baud = 4800;
     int stopBits = 2;
     long long freq = -1;
@@ -121,6 +126,49 @@ void WriteState(RigSim& rig, const QString& path) {
     }
 }
 
+struct Terminal {
+    int master = -1;
+    int slave = -1;
+    QByteArray slaveName;
+    QString link;
+    std::unique_ptr<RigSim> model;
+};
+
+Terminal OpenTerminal(const QString& link) {
+    Terminal term;
+    term.link = link;
+    term.master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    if (term.master < 0 || ::grantpt(term.master) != 0 || ::unlockpt(term.master) != 0) {
+        std::perror("veldor-rigsim: pseudo-terminal");
+        term.master = -1;
+        return term;
+    }
+    term.slaveName = ::ptsname(term.master);
+    // Raw bytes, no echo: the terminal must carry binary frames as they are. Our own opening
+    // of the slave keeps the terminal alive while the client closes and reopens it.
+    term.slave = ::open(term.slaveName.constData(), O_RDWR | O_NOCTTY);
+    termios tio{};
+    if (term.slave >= 0 && ::tcgetattr(term.slave, &tio) == 0) {
+        ::cfmakeraw(&tio);
+        ::tcsetattr(term.slave, TCSANOW, &tio);
+    }
+    if (!link.isEmpty()) {
+        ::unlink(link.toLocal8Bit().constData());
+        if (::symlink(term.slaveName.constData(), link.toLocal8Bit().constData()) != 0) {
+            std::perror("veldor-rigsim: --link");
+            ::close(term.master);
+            term.master = -1;
+        }
+    }
+    return term;
+}
+
+void CloseTerminal(Terminal& term) {
+    if (!term.link.isEmpty()) ::unlink(term.link.toLocal8Bit().constData());
+    if (term.slave >= 0) ::close(term.slave);
+    if (term.master >= 0) ::close(term.master);
+}
+
 int64_t NowMs() {
     using namespace std::chrono;
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
@@ -147,6 +195,8 @@ int main(int argc, char* argv[]) {
             o.rig = next();
         else if (a == "--link")
             o.link = next();
+        else if (a == "--second-link")
+            o.secondLink = next();
         else if (a == "--baud")
             o.baud = next().toInt();
         else if (a == "--stop-bits")
@@ -183,27 +233,20 @@ int main(int argc, char* argv[]) {
         }
     }
 
-    const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-    if (master < 0 || ::grantpt(master) != 0 || ::unlockpt(master) != 0) {
-        std::perror("veldor-rigsim: pseudo-terminal");
-        return 1;
+    // The rig's terminal, and a second one for another client of the same rig (as a rig with
+    // two CAT ports would have): each client has its own framing, the rig's state is one.
+    std::vector<Terminal> terminals;
+    terminals.push_back(OpenTerminal(o.link));
+    if (!o.secondLink.isEmpty()) terminals.push_back(OpenTerminal(o.secondLink));
+    for (const Terminal& term : terminals)
+        if (term.master < 0) return 1;
+    terminals[0].model = std::move(rig);
+    for (size_t i = 1; i < terminals.size(); ++i) {
+        terminals[i].model = RigSim::create(o.rig);
+        terminals[i].model->setLine(o.baud, o.stopBits);
     }
-    const QByteArray slaveName = ::ptsname(master);
-    // Raw bytes, no echo: the terminal must carry binary frames as they are. Our own opening
-    // of the slave keeps the terminal alive while the client closes and reopens it.
-    const int slave = ::open(slaveName.constData(), O_RDWR | O_NOCTTY);
-    termios tio{};
-    if (slave >= 0 && ::tcgetattr(slave, &tio) == 0) {
-        ::cfmakeraw(&tio);
-        ::tcsetattr(slave, TCSANOW, &tio);
-    }
-    if (!o.link.isEmpty()) {
-        ::unlink(o.link.toLocal8Bit().constData());
-        if (::symlink(slaveName.constData(), o.link.toLocal8Bit().constData()) != 0) {
-            std::perror("veldor-rigsim: --link");
-            return 1;
-        }
-    }
+    RigSim& first = *terminals[0].model;
+
     int control = -1;
     if (!o.control.isEmpty()) {
         const QByteArray path = o.control.toLocal8Bit();
@@ -215,7 +258,7 @@ int main(int argc, char* argv[]) {
         }
     }
     FILE* trace = o.trace.isEmpty() ? nullptr : std::fopen(o.trace.toLocal8Bit().constData(), "a");
-    std::printf("%s\n", slaveName.constData());
+    for (const Terminal& term : terminals) std::printf("%s\n", term.slaveName.constData());
     std::fflush(stdout);
 
     std::signal(SIGTERM, OnStop);
@@ -223,24 +266,31 @@ int main(int argc, char* argv[]) {
     std::signal(SIGPIPE, SIG_IGN);
     const int64_t start = NowMs();
     QByteArray controlLine;
-    WriteState(*rig, o.stateFile);
+    WriteState(first, o.stateFile);
 
-    while (!stopRequested && !rig->faults().gone) {
-        pollfd fds[2] = {{master, POLLIN, 0}, {control, POLLIN, 0}};
+    while (!stopRequested && !first.faults().gone) {
+        std::vector<pollfd> fds;
+        for (const Terminal& term : terminals) fds.push_back({term.master, POLLIN, 0});
+        if (control >= 0) fds.push_back({control, POLLIN, 0});
         const int64_t now = NowMs() - start;
         // Wake for the next reply byte that falls due.
-        const int timeout = rig->available(now + 1) > rig->available(now) ? 1 : 5;
-        ::poll(fds, control >= 0 ? 2 : 1, timeout);
+        int timeout = 5;
+        for (const Terminal& term : terminals)
+            if (term.model->available(now + 1) > term.model->available(now)) timeout = 1;
+        ::poll(fds.data(), fds.size(), timeout);
         const int64_t t = NowMs() - start;
-        if (fds[0].revents & POLLIN) {
+        for (size_t i = 0; i < terminals.size(); ++i) {
+            if (!(fds[i].revents & POLLIN)) continue;
             char buf[512];
-            const ssize_t n = ::read(master, buf, sizeof buf);
-            if (n > 0) {
-                rig->write(QByteArray(buf, static_cast<int>(n)), t);
-                WriteState(*rig, o.stateFile);
-            }
+            const ssize_t n = ::read(terminals[i].master, buf, sizeof buf);
+            if (n <= 0) continue;
+            RigSim& model = *terminals[i].model;
+            model.state() = first.state();  // the one rig behind both terminals
+            model.write(QByteArray(buf, static_cast<int>(n)), t);
+            first.state() = model.state();
+            WriteState(first, o.stateFile);
         }
-        if (control >= 0 && (fds[1].revents & POLLIN)) {
+        if (control >= 0 && (fds.back().revents & POLLIN)) {
             char buf[256];
             const ssize_t n = ::read(control, buf, sizeof buf);
             if (n > 0) controlLine.append(buf, static_cast<int>(n));
@@ -248,30 +298,31 @@ int main(int argc, char* argv[]) {
                  nl = controlLine.indexOf('\n')) {
                 const QString line = QString::fromLatin1(controlLine.left(nl)).trimmed();
                 controlLine.remove(0, nl + 1);
-                if (!line.isEmpty() && !Apply(*rig, line))
+                if (!line.isEmpty() && !Apply(first, line))
                     std::fprintf(stderr, "veldor-rigsim: bad control line '%s'\n",
                                  qPrintable(line));
-                WriteState(*rig, o.stateFile);
+                WriteState(first, o.stateFile);
             }
         }
-        const QByteArray out = rig->read(t, -1);
-        if (!out.isEmpty()) {
-            [[maybe_unused]] const ssize_t w =
-                ::write(master, out.constData(), static_cast<size_t>(out.size()));
+        for (Terminal& term : terminals) {
+            const QByteArray out = term.model->read(t, -1);
+            if (!out.isEmpty()) {
+                [[maybe_unused]] const ssize_t w =
+                    ::write(term.master, out.constData(), static_cast<size_t>(out.size()));
+            }
+            if (trace && !term.model->trace().empty()) {
+                for (const auto& e : term.model->trace())
+                    std::fprintf(trace, "%lld %c %s\n", static_cast<long long>(e.atMs),
+                                 e.dir == Dir::HostToRig ? '>' : '<',
+                                 e.bytes.toHex(' ').constData());
+                std::fflush(trace);
+            }
+            term.model->clearTrace();
         }
-        if (trace && !rig->trace().empty()) {
-            for (const auto& e : rig->trace())
-                std::fprintf(trace, "%lld %c %s\n", static_cast<long long>(e.atMs),
-                             e.dir == Dir::HostToRig ? '>' : '<', e.bytes.toHex(' ').constData());
-            std::fflush(trace);
-        }
-        rig->clearTrace();
     }
-    WriteState(*rig, o.stateFile);
+    WriteState(first, o.stateFile);
     // A vanished device: the terminal goes away under the client, as an unplugged adapter.
-    if (!o.link.isEmpty()) ::unlink(o.link.toLocal8Bit().constData());
-    if (slave >= 0) ::close(slave);
-    ::close(master);
+    for (Terminal& term : terminals) CloseTerminal(term);
     if (trace) std::fclose(trace);
     if (!o.control.isEmpty()) ::unlink(o.control.toLocal8Bit().constData());
     return 0;

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -125,6 +126,46 @@ TEST_F(WindowOverPty, TheWindowFollowsTheRigAndRecordsItForOtherPrograms) {
     EXPECT_TRUE(text.contains("Frequency=7.074.00")) << text.toStdString();
     EXPECT_TRUE(text.contains("Mode=LSB"));
     EXPECT_TRUE(text.contains("Status=Active"));
+}
+
+// Hamlib's rigctl, on the rig's second terminal, retunes it; VELDOR follows within a reading.
+TEST(RigctlBesideVeldor, AFrequencySetByRigctlShowsAndIsRecorded) {
+    const QString rigctl = QStandardPaths::findExecutable("rigctl");
+    if (rigctl.isEmpty()) GTEST_SKIP() << "rigctl not installed";
+    QTemporaryDir dir;
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    const QString first = dir.path() + "/tty1", second = dir.path() + "/tty2";
+    QProcess rigsim;
+    rigsim.start(RigsimPath(), {"--rig", "FT817", "--link", first, "--second-link", second});
+    ASSERT_TRUE(rigsim.waitForReadyRead(5000));
+    QDir().mkpath(dir.path() + "/VELDOR");
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(("[Settings]\nRigType=FT817\nAutoStart=Yes\nCommport=" + first +
+               "\nHomeDir=" + dir.path() + "\n")
+                  .toUtf8());
+    ini.close();
+    {
+        veldor::Application app;
+        ASSERT_TRUE(app.start(""));
+        auto* vfo = app.window().findChild<QLineEdit*>("txtVfoA");
+        QElapsedTimer t;
+        t.start();
+        while (t.elapsed() < 5000 && vfo->text() != "14.250.00") QTest::qWait(20);
+        ASSERT_EQ(vfo->text(), "14.250.00");
+
+        QProcess client;
+        client.start(rigctl, {"-m", "1020", "-r", second, "-s", "4800", "F", "7074000"});
+        while (t.elapsed() < 20000 && client.state() != QProcess::NotRunning) QTest::qWait(20);
+        EXPECT_EQ(client.exitCode(), 0) << client.readAllStandardError().toStdString();
+        while (t.elapsed() < 25000 && vfo->text() != "7.074.00") QTest::qWait(20);
+        EXPECT_EQ(vfo->text(), "7.074.00");
+        QTest::qWait(300);
+    }
+    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(ini.readAll().contains("Frequency=7.074.00"));
+    rigsim.terminate();
+    rigsim.waitForFinished(5000);
 }
 
 TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
