@@ -1,4 +1,8 @@
 #include "basic/basic.h"
+
+#include <exception>
+#include <new>
+
 #include "link/catalogue.h"
 #include "link/poll_cycle.h"
 #include "link/serial_link.h"
@@ -69,16 +73,14 @@ void cmdTenMinCounter_Click(Core& c) {
     }
 }
 
-void tmrPollInterval_Timer(Core& c) {
+namespace {
+
+// The body of the tick; false ends it without restarting the timer.
+bool PollTick(Core& c) {
     State& s = c.s;
-    Timer& timer = *c.p.tmrPollInterval;
-    // A tick that overtakes a wait in progress leaves at once, the timer still running.
-    if (s.ReceiveBusy || s.SendBusy) return;
-    // The tick never overlaps itself: the timer runs again only at its end.
-    timer.setEnabled(false);
-    if (c.f.chkOnOff.value == 0) return;
+    if (c.f.chkOnOff.value == 0) return false;
     c.f.lblTimeoutCount.backColour = ButtonFace;  // a timeout shows red for one tick
-    if (s.RigType == RigNotSet) return;
+    if (s.RigType == RigNotSet) return false;
     if (c.p.MSComm1->isOpen()) {
         // The pending actions, the frequency change, the scan and the sweep join here with
         // their operations, before the reading.
@@ -92,7 +94,27 @@ void tmrPollInterval_Timer(Core& c) {
     }
     SaveCurrentValues(c, c.f.txtVfoA.text, c.f.txtMode.text);
     c.p.pump->processEvents();
-    timer.setEnabled(true);
+    return true;
+}
+
+}  // namespace
+
+void tmrPollInterval_Timer(Core& c) {
+    // A tick that overtakes a wait in progress leaves at once, the timer still running.
+    if (c.s.ReceiveBusy || c.s.SendBusy) return;
+    // The tick never overlaps itself: the timer runs again only at its end.
+    c.p.tmrPollInterval->setEnabled(false);
+    try {
+        if (PollTick(c)) c.p.tmrPollInterval->setEnabled(true);
+    } catch (const std::exception& e) {
+        // Polling stays stopped until the connection is opened again.
+        const bool memory = dynamic_cast<const std::bad_alloc*>(&e) != nullptr;
+        c.p.dialogs->messageBox(QString("Error %1 (%2) in procedure tmrPollInterval_Timer of Form "
+                                        "Form1")
+                                    .arg(memory ? 7 : 5)
+                                    .arg(memory ? "Out of memory" : e.what()),
+                                "VELDOR", MsgButtons::OK, MsgIcon::Critical);
+    }
 }
 
 }  // namespace veldor

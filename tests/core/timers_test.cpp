@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace veldor::test {
 namespace {
 
@@ -136,6 +138,28 @@ TEST(PollTick, RecordsTheRigForOtherPrograms) {
     EXPECT_EQ(h.stored("CurrentValues", "Date"), "2026/03/04");
     // The reading itself takes a moment of the rig's time.
     EXPECT_TRUE(h.stored("CurrentValues", "Time").startsWith("05:06:0"));
+}
+
+// A port whose driver fails in the middle of a reading.
+class FailingPort : public ScriptedPort {
+  public:
+    using ScriptedPort::ScriptedPort;
+    int inBufferCount() override { throw std::runtime_error("Device I/O error"); }
+};
+
+TEST(PollTick, AnErrorInTheTickIsShownAndStopsPolling) {
+    Harness h;
+    FailingPort port(h.clock);
+    port.open("1", "4800,N,8,2", false, nullptr);
+    h.c.p.MSComm1 = &port;
+    h.c.s.RigType = RigFT817;
+    h.c.f.chkOnOff.value = 1;
+    h.pollTimer.on = true;
+    tmrPollInterval_Timer(h.c);
+    EXPECT_FALSE(h.pollTimer.on);
+    ASSERT_EQ(h.dialogs.messages.size(), 1u);
+    EXPECT_EQ(h.dialogs.messages[0].text,
+              "Error 5 (Device I/O error) in procedure tmrPollInterval_Timer of Form Form1");
 }
 
 TEST(Messages, TheFirstLineOpensTheWindowAndAClosedWindowStartsAfresh) {
