@@ -37,6 +37,38 @@ QByteArray FrameBytes(uint8_t a, uint8_t b, uint8_t c, uint8_t d) {
     return out;
 }
 
+// The frequency and mode reply (opcode 03) of the FT-817/857/897 and FT-847.
+QByteArray FrequencyModeReply(const RigState& s) {
+    QByteArray r = ToBcd(s.frequencyHz / 10, 8);
+    r.append(static_cast<char>(BcdRigModeCode(s.mode)));
+    return r;
+}
+
+// The writes the FT-817/857/897 and FT-847 share: frequency, mode and PTT. False for any
+// other opcode.
+bool SharedBcdRigWrite(RigState& s, const Frame& f) {
+    switch (f.opcode) {
+        case 0x01: {
+            const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
+            if (tens >= 0) s.frequencyHz = tens * 10;
+            return true;
+        }
+        case 0x07: {
+            const QString mode = BcdRigModeName(f.p1);
+            if (!mode.isEmpty()) s.mode = mode;
+            return true;
+        }
+        case 0x08:
+            s.ptt = true;
+            return true;
+        case 0x88:
+            s.ptt = false;
+            return true;
+        default:
+            return false;
+    }
+}
+
 // FT-817, FT-817ND, FT-857, FT-857D, FT-897, FT-897D: every command that is not a read is
 // answered by one byte.
 class Ft817Family : public FiveByteSim {
@@ -57,11 +89,8 @@ class Ft817Family : public FiveByteSim {
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
         switch (f.opcode) {
-            case 0x03: {  // read frequency and mode
-                QByteArray r = ToBcd(s.frequencyHz / 10, 8);
-                r.append(static_cast<char>(BcdRigModeCode(s.mode)));
-                return reply(r, now, true);
-            }
+            case 0x03:  // read frequency and mode
+                return reply(FrequencyModeReply(s), now, true);
             case 0xE7: {  // receive status: S-meter, squelch, tone match, discriminator
                 const int level = signalLevel(now);
                 const bool open = level > 0 || s.squelchOpen;
@@ -89,22 +118,6 @@ class Ft817Family : public FiveByteSim {
                 s.eeprom[a] = f.p3;
                 break;
             }
-            case 0x01: {
-                const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
-                if (tens >= 0) s.frequencyHz = tens * 10;
-                break;
-            }
-            case 0x07: {
-                const QString mode = BcdRigModeName(f.p1);
-                if (!mode.isEmpty()) s.mode = mode;
-                break;
-            }
-            case 0x08:
-                s.ptt = true;
-                break;
-            case 0x88:
-                s.ptt = false;
-                break;
             case 0x02:
                 s.split = true;
                 break;
@@ -123,7 +136,8 @@ class Ft817Family : public FiveByteSim {
                 s.poweredOn = false;
                 break;
             default:
-                break;  // lock, clarifier, tones, shift: acknowledged
+                SharedBcdRigWrite(s, f);  // and lock, clarifier, tones, shift: acknowledged
+                break;
         }
         reply(QByteArray(1, '\0'), now);
     }
@@ -144,11 +158,8 @@ class Ft847 : public FiveByteSim {
         }
         if (!s.catOn) return;
         switch (f.opcode) {
-            case 0x03: {
-                QByteArray r = ToBcd(s.frequencyHz / 10, 8);
-                r.append(static_cast<char>(BcdRigModeCode(s.mode)));
-                return reply(r, now, true);
-            }
+            case 0x03:
+                return reply(FrequencyModeReply(s), now, true);
             case 0xE7: {  // S-meter in five bits, squelch in bit 7
                 const int level = signalLevel(now) * 2;
                 uint8_t b = static_cast<uint8_t>(std::min(level, 31));
@@ -157,23 +168,8 @@ class Ft847 : public FiveByteSim {
             }
             case 0xF7:
                 return reply(QByteArray(1, s.ptt ? '\x08' : '\xFF'), now);
-            case 0x01: {
-                const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
-                if (tens >= 0) s.frequencyHz = tens * 10;
-                return;
-            }
-            case 0x07: {
-                const QString mode = BcdRigModeName(f.p1);
-                if (!mode.isEmpty()) s.mode = mode;
-                return;
-            }
-            case 0x08:
-                s.ptt = true;
-                return;
-            case 0x88:
-                s.ptt = false;
-                return;
             default:
+                SharedBcdRigWrite(s, f);  // no acknowledgement
                 return;
         }
     }

@@ -49,12 +49,14 @@ class SimBase : public RigSim {
     int stopBits_ = 2;
 };
 
-// Binary rigs: five-byte frames, parameters P1..P4 then the opcode.
+// A binary command: parameters P1..P4 then the opcode.
+struct Frame {
+    uint8_t p1, p2, p3, p4, opcode;
+};
+
+// Binary rigs: five-byte frames.
 class FiveByteSim : public SimBase {
   protected:
-    struct Frame {
-        uint8_t p1, p2, p3, p4, opcode;
-    };
     void takeCommands(int64_t nowMs) override;
     virtual void command(const Frame& f, int64_t nowMs) = 0;
 };

@@ -13,17 +13,12 @@ namespace veldor::test {
 namespace {
 
 // A connection to a simulated rig on a given frequency and mode.
-struct OnAir : Harness {
-    OnAir(const QString& rig, int64_t hz, const QString& mode) {
-        setting("RigType", rig);
-        setting("Commport", "SIM");
-        setting("HomeDir", dir.path());
-        system.existingFolders.push_back(dir.path());
-        Form_Load(c, "");
+struct OnAir : Station {
+    OnAir(const QString& rig, int64_t hz, const QString& mode) : Station(rig) {
+        load();
         this->rig().state().frequencyHz = hz;
         this->rig().state().mode = mode;
-        c.f.chkOnOff.value = 1;
-        chkOnOff_Click(c);
+        switchOn();
     }
 };
 

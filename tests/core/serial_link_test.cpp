@@ -9,12 +9,6 @@
 namespace veldor::test {
 namespace {
 
-QByteArray Bytes(std::initializer_list<int> values) {
-    QByteArray out;
-    for (int v : values) out.append(static_cast<char>(v));
-    return out;
-}
-
 class Link : public ::testing::Test {
   protected:
     Link() : h(true) {

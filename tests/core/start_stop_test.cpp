@@ -9,31 +9,6 @@
 namespace veldor::test {
 namespace {
 
-QByteArray Bytes(std::initializer_list<int> values) {
-    QByteArray out;
-    for (int v : values) out.append(static_cast<char>(v));
-    return out;
-}
-
-// A harness whose store names a rig on the simulated port, with a home folder that exists.
-struct Station : Harness {
-    explicit Station(const QString& rig, bool scripted = false) : Harness(scripted) {
-        setting("RigType", rig);
-        setting("Commport", "SIM");
-        setting("HomeDir", dir.path());
-        system.existingFolders.push_back(dir.path());
-    }
-    void load(const QString& commandLine = {}) { Form_Load(c, commandLine); }
-    void switchOn() {
-        c.f.chkOnOff.value = 1;
-        chkOnOff_Click(c);
-    }
-    void switchOff() {
-        c.f.chkOnOff.value = 0;
-        chkOnOff_Click(c);
-    }
-};
-
 struct NameCase {
     const char* commandLine;
     const char* appName;

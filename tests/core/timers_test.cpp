@@ -69,15 +69,10 @@ TEST(DelaySliders, ShowAndHideTogether) {
     EXPECT_FALSE(h.c.f.lblAGCdelay.visible);
 }
 
-struct Connected : Harness {
-    Connected() {
-        setting("RigType", "FT847");
-        setting("Commport", "SIM");
-        setting("HomeDir", dir.path());
-        system.existingFolders.push_back(dir.path());
-        Form_Load(c, "");
-        c.f.chkOnOff.value = 1;
-        chkOnOff_Click(c);
+struct Connected : Station {
+    Connected() : Station(RigFT847) {
+        load();
+        switchOn();
     }
 };
 

@@ -1,5 +1,7 @@
 #include "support/fakes.h"
 
+#include "link/start_stop.h"
+
 #include <QDir>
 
 namespace veldor::test {
@@ -126,6 +128,33 @@ QByteArray Harness::rigReceived() {
     for (const sim::TraceEntry& e : simPort->rig()->trace())
         if (e.dir == sim::Dir::HostToRig) all += e.bytes;
     return all;
+}
+
+Station::Station(const QString& rig, bool scripted) : Harness(scripted) {
+    setting("RigType", rig);
+    setting("Commport", "SIM");
+    setting("HomeDir", dir.path());
+    system.existingFolders.push_back(dir.path());
+}
+
+void Station::load(const QString& commandLine) {
+    Form_Load(c, commandLine);
+}
+
+void Station::switchOn() {
+    c.f.chkOnOff.value = 1;
+    chkOnOff_Click(c);
+}
+
+void Station::switchOff() {
+    c.f.chkOnOff.value = 0;
+    chkOnOff_Click(c);
+}
+
+QByteArray Bytes(std::initializer_list<int> values) {
+    QByteArray out;
+    for (int v : values) out.append(static_cast<char>(v));
+    return out;
 }
 
 }  // namespace veldor::test

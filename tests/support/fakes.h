@@ -154,4 +154,15 @@ struct Harness {
     Core c;
 };
 
+// A harness whose store names a rig on the simulated port, with a home folder that exists.
+struct Station : Harness {
+    explicit Station(const QString& rig, bool scripted = false);
+    void load(const QString& commandLine = {});
+    void switchOn();
+    void switchOff();
+};
+
+// Bytes from a list of values.
+QByteArray Bytes(std::initializer_list<int> values);
+
 }  // namespace veldor::test
