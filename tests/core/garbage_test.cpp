@@ -14,11 +14,8 @@ namespace {
 class AnyReply : public ::testing::TestWithParam<const QString*> {};
 
 TEST_P(AnyReply, NeverBreaksAReading) {
-    Harness h(true);
-    h.c.s.RigType = *GetParam();
+    ScriptedRig h(*GetParam());
     h.c.s.PollingDelay = 0;
-    h.c.f.chkOnOff.value = 1;
-    h.scriptedPort->open("1", "4800,N,8,2", false, nullptr);
     const bool text = *GetParam() == RigFT450;
     std::mt19937 random(20261123);
     h.scriptedPort->answer = [&](const QByteArray&) {

@@ -66,19 +66,11 @@ TEST(ReadFrequency, TheVr5000IsNeverRead) {
 }
 
 // Replies written by hand, through a scripted port.
-struct Scripted : Harness {
-    explicit Scripted(const QString& rig) : Harness(true) {
-        c.s.RigType = rig;
-        c.f.chkOnOff.value = 1;
-        scriptedPort->open("1", "4800,N,8,2", false, nullptr);
-    }
-    void replies(const QByteArray& bytes) {
-        scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
-    }
+}
 };
 
 TEST(BadFrequency, IsReportedAndStopsTheNextAutoStart) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.txtVfoA.text = "7.000.00";
     h.c.s.CurrentFrequency = 700000;
     h.replies(QByteArray::fromHex("01425a0001"));
@@ -94,7 +86,7 @@ TEST(BadFrequency, IsReportedAndStopsTheNextAutoStart) {
 }
 
 TEST(BadFrequency, TheThirdInARowEndsTheProgramWithNothingSaved) {
-    Scripted h(RigFT857);
+    ScriptedRig h(RigFT857);
     h.replies(QByteArray::fromHex("014250f001"));
     ReadFrequencyAndMode(h.c);
     ReadFrequencyAndMode(h.c);
@@ -107,7 +99,7 @@ TEST(BadFrequency, TheThirdInARowEndsTheProgramWithNothingSaved) {
 }
 
 TEST(BadFrequency, AGoodOneInBetweenStartsTheCountAgain) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     QList<QByteArray> answers = {"01425a0001", "01425a0001", "0142500001", "01425a0001",
                                  "01425a0001"};
     h.scriptedPort->answer = [&answers](const QByteArray&) {
@@ -138,7 +130,7 @@ struct ModeByteCase {
 class Ft817ModeByte : public ::testing::TestWithParam<ModeByteCase> {};
 
 TEST_P(Ft817ModeByte, NamesTheMode) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.replies(QByteArray::fromHex(GetParam().reply));
     ReadFrequencyAndMode(h.c);
     EXPECT_EQ(h.c.f.txtMode.text, GetParam().mode);
@@ -152,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(Bytes, Ft817ModeByte,
                                            ModeByteCase{"00000000ff", "255"}));
 
 TEST(ReadFrequency, ZeroIsAGoodFrequency) {
-    Scripted h(RigFT847);
+    ScriptedRig h(RigFT847);
     h.replies(QByteArray::fromHex("0000000001"));
     ReadFrequencyAndMode(h.c);
     EXPECT_EQ(h.c.s.CurrentFrequency, 0);
@@ -161,7 +153,7 @@ TEST(ReadFrequency, ZeroIsAGoodFrequency) {
 }
 
 TEST(ReadFrequency, AShortReplyChangesNothing) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.txtVfoA.text = "1.000.00";
     h.replies(QByteArray::fromHex("014250"));
     ReadFrequencyAndMode(h.c);
@@ -170,7 +162,7 @@ TEST(ReadFrequency, AShortReplyChangesNothing) {
 }
 
 TEST(Ft1000Mp, AByteOneAbove2EIsRejectedSilently) {
-    Scripted h(RigFT1000MP);
+    ScriptedRig h(RigFT1000MP);
     QByteArray block(16, '\0');
     block[1] = 0x2F;
     h.replies(block);
@@ -181,7 +173,7 @@ TEST(Ft1000Mp, AByteOneAbove2EIsRejectedSilently) {
 }
 
 TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
-    Scripted h(RigFT1000MP);
+    ScriptedRig h(RigFT1000MP);
     QByteArray block(16, '\0');
     // 1 425 000.5 x 16 = 22 800 008: half way, rounds to the even 1 425 000.
     block[1] = 0x01, block[2] = 0x5B, block[3] = static_cast<char>(0xE6);
@@ -199,7 +191,7 @@ TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
 }
 
 TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheLabel) {
-    Scripted h(RigFT920);
+    ScriptedRig h(RigFT920);
     QByteArray block(28, '\0');
     block[1] = 0x00, block[2] = static_cast<char>(0xD9), block[3] = 0x70, block[4] = 0x10;
     block[7] = static_cast<char>(0x83);  // FM, narrow
@@ -234,7 +226,7 @@ class Ft450If : public ::testing::TestWithParam<Ft450Case> {};
 
 TEST_P(Ft450If, ReadsPositions) {
     const Ft450Case& t = GetParam();
-    Scripted h(RigFT450);
+    ScriptedRig h(RigFT450);
     h.replies(t.reply);
     ReadFrequencyAndMode(h.c);
     EXPECT_EQ(h.c.s.CurrentFrequency, t.frequency);
@@ -255,7 +247,7 @@ INSTANTIATE_TEST_SUITE_P(
         Ft450Case{"IF00107074000+000000Z00000;", 707400, "???", "0", "0", "0"}));
 
 TEST(Ft450, AReplyOfTheWrongKindAsksForResynchronisation) {
-    Scripted h(RigFT450);
+    ScriptedRig h(RigFT450);
     h.replies("MD02;");
     h.c.f.txtVfoA.text = "1.000.00";
     ReadFrequencyAndMode(h.c);
@@ -265,7 +257,7 @@ TEST(Ft450, AReplyOfTheWrongKindAsksForResynchronisation) {
 
 TEST(Ft450, AShortReplyOfAnyLengthIsSurvived) {
     for (const char* reply : {"IF;", "IF0011425;", "IF00114250000+00000;", "I;"}) {
-        Scripted h(RigFT450);
+        ScriptedRig h(RigFT450);
         h.replies(reply);
         ReadFrequencyAndMode(h.c);
         EXPECT_EQ(h.c.f.txtMode.text.isEmpty(), QByteArray(reply).size() < 3) << reply;
@@ -273,7 +265,7 @@ TEST(Ft450, AShortReplyOfAnyLengthIsSurvived) {
 }
 
 TEST(Ft450, APendingChangeKeepsItsToneState) {
-    Scripted h(RigFT450);
+    ScriptedRig h(RigFT450);
     h.c.s.FrequencyChangePending = true;
     h.c.s.ToneEncode = "1";
     h.replies("IF00129620000+000000400001;");

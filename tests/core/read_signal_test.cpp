@@ -8,18 +8,7 @@
 #include <gtest/gtest.h>
 
 namespace veldor::test {
-namespace {
-
-struct Scripted : Harness {
-    explicit Scripted(const QString& rig) : Harness(true) {
-        c.s.RigType = rig;
-        c.f.chkOnOff.value = 1;
-        c.f.sldSmeterDelay.value = 50;
-        scriptedPort->open("1", "4800,N,8,2", false, nullptr);
-    }
-    void replies(const QByteArray& bytes) {
-        scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
-    }
+namespace {}
 };
 
 struct BarCase {
@@ -31,7 +20,7 @@ struct BarCase {
 class SMeterScale : public ::testing::TestWithParam<BarCase> {};
 
 TEST_P(SMeterScale, ScalesTheRigsReading) {
-    Scripted h(*GetParam().rig);
+    ScriptedRig h(*GetParam().rig);
     h.replies(QByteArray::fromHex(GetParam().reply));
     ReadSignal(h.c);
     EXPECT_EQ(h.c.f.pbarSmeter.value, GetParam().bar);
@@ -48,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(
                       BarCase{&RigFT920, "4000000000", 8}));
 
 TEST(SMeter, AnFt450ReadingOf255IsLimitedTo31) {
-    Scripted h(RigFT450);
+    ScriptedRig h(RigFT450);
     QList<QByteArray> answers = {"SM0255;", "BY00;"};
     h.scriptedPort->answer = [&answers](const QByteArray&) { return answers.takeFirst(); };
     ReadSignal(h.c);
@@ -58,7 +47,7 @@ TEST(SMeter, AnFt450ReadingOf255IsLimitedTo31) {
 }
 
 TEST(SMeter, ThePauseComesFirstAndGrowsOnceAfterAToneChange) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.replies(QByteArray::fromHex("00"));
     h.c.f.sldExtra.value = 250;
     h.c.s.ExtraDelayNeeded = true;
@@ -72,7 +61,7 @@ TEST(SMeter, ThePauseComesFirstAndGrowsOnceAfterAToneChange) {
 }
 
 TEST(SignalDecision, AThresholdOfZeroCountsEverythingAsASignal) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.pbarGotSignal.value = 0;
     h.replies(QByteArray::fromHex("80"));
     ReadSignal(h.c);
@@ -82,7 +71,7 @@ TEST(SignalDecision, AThresholdOfZeroCountsEverythingAsASignal) {
 }
 
 TEST(SignalDecision, InFmTheRigsSquelchDecides) {
-    Scripted h(RigFT857);
+    ScriptedRig h(RigFT857);
     h.c.f.txtMode.text = "FMN";
     h.replies(QByteArray::fromHex("8f"));  // strong, but the squelch is closed
     ReadSignal(h.c);
@@ -94,7 +83,7 @@ TEST(SignalDecision, InFmTheRigsSquelchDecides) {
 }
 
 TEST(SignalDecision, AToneNotMatchedLeavesRxGreenButNoSignal) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.txtMode.text = "FM";
     h.c.s.ToneDecode = "1";
     h.replies(QByteArray::fromHex("4a"));  // squelch open, tone not matched, S5
@@ -106,7 +95,7 @@ TEST(SignalDecision, AToneNotMatchedLeavesRxGreenButNoSignal) {
 }
 
 TEST(SignalDecision, TheDiscriminatorShowsOnlyInFmWhileReceiving) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.txtMode.text = "FM";
     h.replies(QByteArray::fromHex("25"));
     ReadSignal(h.c);
@@ -121,7 +110,7 @@ TEST(SignalDecision, TheDiscriminatorShowsOnlyInFmWhileReceiving) {
 }
 
 TEST(SignalDecision, TheFt1000MpDecidesOnThePreviousReading) {
-    Scripted h(RigFT1000MP);
+    ScriptedRig h(RigFT1000MP);
     h.replies(QByteArray::fromHex("f000000000"));
     ReadSignal(h.c);
     EXPECT_EQ(h.c.f.pbarSmeter.value, 30);  // the bar shows the signal at once
@@ -133,7 +122,7 @@ TEST(SignalDecision, TheFt1000MpDecidesOnThePreviousReading) {
 }
 
 TEST(SignalDecision, AFailedReadingLeavesTheBarAndNoSignal) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.pbarSmeter.value = 20;
     h.c.s.SignalPresent = true;
     ReadSignal(h.c);  // no answer
@@ -142,7 +131,7 @@ TEST(SignalDecision, AFailedReadingLeavesTheBarAndNoSignal) {
 }
 
 TEST(SignalDecision, AShortReplyFromAReceiverEndsTheReading) {
-    Scripted h(RigFRG100);
+    ScriptedRig h(RigFRG100);
     h.c.f.pbarSmeter.value = 12;
     h.c.f.lblRX.backColour = White;
     h.replies(QByteArray::fromHex("0000"));
@@ -165,7 +154,7 @@ TEST(SignalBar, AClickSetsTheThreshold) {
 
 // Transmit and VFO status.
 TEST(TxStatus, ReceiveTurnsTheLightWhiteAndTransmitRed) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.c.f.lblTX.backColour = Red;
     h.replies(QByteArray::fromHex("ff"));
     ReadStatus(h.c);
@@ -179,7 +168,7 @@ TEST(TxStatus, ReceiveTurnsTheLightWhiteAndTransmitRed) {
 }
 
 TEST(TxStatus, AfterPttOffOneTransmitReadingCountsAsReceive) {
-    Scripted h(RigFT857);
+    ScriptedRig h(RigFT857);
     h.c.s.IgnoreNextTxStatus = true;
     h.replies(QByteArray::fromHex("08"));
     ReadStatus(h.c);
@@ -190,7 +179,7 @@ TEST(TxStatus, AfterPttOffOneTransmitReadingCountsAsReceive) {
 }
 
 TEST(TxStatus, SplitFollowsTheRigWhileTransmittingButNeverOnTheFt847) {
-    Scripted h(RigFT897);
+    ScriptedRig h(RigFT897);
     h.replies(QByteArray::fromHex("28"));
     ReadStatus(h.c);
     EXPECT_EQ(h.c.f.chkSplit.value, 1);
@@ -199,14 +188,14 @@ TEST(TxStatus, SplitFollowsTheRigWhileTransmittingButNeverOnTheFt847) {
     ReadStatus(h.c);
     EXPECT_EQ(h.scriptedPort->written.size(), sent + 1);  // only the status read itself
 
-    Scripted f(RigFT847);
+    ScriptedRig f(RigFT847);
     f.replies(QByteArray::fromHex("28"));
     ReadStatus(f.c);
     EXPECT_EQ(f.c.f.chkSplit.value, 0);
 }
 
 TEST(TxStatus, TheFt1000MpShowsItsStateAndLeavesAPendingSplitAlone) {
-    Scripted h(RigFT1000MP);
+    ScriptedRig h(RigFT1000MP);
     h.replies(QByteArray::fromHex("816000000000"));  // TX, split, MEM and VFO bits
     h.c.s.PendingSplit = true;
     ReadStatus(h.c);
@@ -220,7 +209,7 @@ TEST(TxStatus, TheFt1000MpShowsItsStateAndLeavesAPendingSplitAlone) {
 }
 
 TEST(TxStatus, TheFt920LightsItsIndicators) {
-    Scripted h(RigFT920);
+    ScriptedRig h(RigFT920);
     h.replies(QByteArray::fromHex("0120030030001000"));
     ReadStatus(h.c);
     EXPECT_EQ(h.c.f.shpTxVfoB, Red);
@@ -234,7 +223,7 @@ TEST(TxStatus, TheFt920LightsItsIndicators) {
 }
 
 TEST(Ft897Status, TheLastBitTestedNamesTheState) {
-    Scripted h(RigFT897);
+    ScriptedRig h(RigFT897);
     QList<QByteArray> answers = {"0600", "0000", "0000"};
     h.scriptedPort->answer = [&answers](const QByteArray&) {
         return QByteArray::fromHex(answers.takeFirst());
@@ -244,7 +233,7 @@ TEST(Ft897Status, TheLastBitTestedNamesTheState) {
 }
 
 TEST(Ft897Status, ReadsTheThreeAddresses) {
-    Scripted h(RigFT897);
+    ScriptedRig h(RigFT897);
     QList<QByteArray> answers = {"8100", "e000", "1302"};
     h.scriptedPort->answer = [&answers](const QByteArray&) {
         return QByteArray::fromHex(answers.takeFirst());
@@ -259,7 +248,7 @@ TEST(Ft897Status, ReadsTheThreeAddresses) {
 }
 
 TEST(Ft817Agc, SelectsTheRigsAgcWithoutSendingIt) {
-    Scripted h(RigFT817);
+    ScriptedRig h(RigFT817);
     h.replies(QByteArray::fromHex("0002"));
     ReadFT817AGC(h.c);
     EXPECT_TRUE(h.c.f.optFT817AGC[2].value);
@@ -278,7 +267,7 @@ class FeatureButtons : public ::testing::TestWithParam<FeatureCase> {};
 
 TEST_P(FeatureButtons, FollowTheRigsMemory) {
     const FeatureCase& t = GetParam();
-    Scripted h(*t.rig);
+    ScriptedRig h(*t.rig);
     h.c.s.PollingDelay = 0;
     const QByteArray a8 = QByteArray::fromHex(t.a8);
     h.scriptedPort->answer = [a8](const QByteArray& sent) -> QByteArray {
@@ -313,7 +302,7 @@ INSTANTIATE_TEST_SUITE_P(
                       FeatureCase{&RigFT897, "1e00", false, true, true, false}));
 
 TEST(Ft450Extras, EachLightFollowsItsReplyAndAWrongOneIsSkipped) {
-    Scripted h(RigFT450);
+    ScriptedRig h(RigFT450);
     h.c.s.PollingDelay = 0;
     h.scriptedPort->answer = [](const QByteArray& sent) -> QByteArray {
         if (sent == "IF;") return "IF00114250000+000000200000;";

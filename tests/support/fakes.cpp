@@ -151,6 +151,16 @@ void Station::switchOff() {
     chkOnOff_Click(c);
 }
 
+ScriptedRig::ScriptedRig(const QString& rig) : Harness(true) {
+    c.s.RigType = rig;
+    c.f.chkOnOff.value = 1;
+    scriptedPort->open("1", "4800,N,8,2", false, nullptr);
+}
+
+void ScriptedRig::replies(const QByteArray& bytes) {
+    scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
+}
+
 QByteArray Bytes(std::initializer_list<int> values) {
     QByteArray out;
     for (int v : values) out.append(static_cast<char>(v));

@@ -162,6 +162,13 @@ struct Station : Harness {
     void switchOff();
 };
 
+// A connection to a rig whose replies a test writes by hand, from the rig's manual.
+struct ScriptedRig : Harness {
+    explicit ScriptedRig(const QString& rig);
+    // Every command gets these bytes back.
+    void replies(const QByteArray& bytes);
+};
+
 // Bytes from a list of values.
 QByteArray Bytes(std::initializer_list<int> values);
 
