@@ -65,10 +65,6 @@ TEST(ReadFrequency, TheVr5000IsNeverRead) {
     EXPECT_EQ(h.c.f.txtVfoA.text, "");
 }
 
-// Replies written by hand, through a scripted port.
-}
-};
-
 TEST(BadFrequency, IsReportedAndStopsTheNextAutoStart) {
     ScriptedRig h(RigFT817);
     h.c.f.txtVfoA.text = "7.000.00";

@@ -8,8 +8,7 @@
 #include <gtest/gtest.h>
 
 namespace veldor::test {
-namespace {}
-};
+namespace {
 
 struct BarCase {
     const QString* rig;
