@@ -19,6 +19,11 @@ bool ReceiveData(Core& c);
 void OpenPorts(Core& c, const QString& port, const QString& speed);
 void PrepareFrequency(Core& c, int32_t& frequency);
 
+// Byte i of the last binary reply, as the unsigned value the rigs' manuals give.
+inline uint8_t ReplyByte(const Core& c, int i) {
+    return static_cast<uint8_t>(c.s.ReplyBytes.at(i));
+}
+
 // One more receive timeout: the count rises and shows red for the rest of the tick.
 void CountTimeout(Core& c);
 

@@ -8,14 +8,10 @@ namespace veldor {
 
 namespace {
 
-uint8_t Byte(const Core& c, int i) {
-    return static_cast<uint8_t>(c.s.ReplyBytes.at(i));
-}
-
 // Bytes 1 to 4 of a VFO record, big-endian.
 double RecordValue(const Core& c, int first) {
-    return 16777216.0 * Byte(c, first) + 65536.0 * Byte(c, first + 1) + 256.0 * Byte(c, first + 2) +
-           Byte(c, first + 3);
+    return 16777216.0 * ReplyByte(c, first) + 65536.0 * ReplyByte(c, first + 1) +
+           256.0 * ReplyByte(c, first + 2) + ReplyByte(c, first + 3);
 }
 
 // The mode byte of the FT-817/857/897 and FT-847.
@@ -145,7 +141,7 @@ void ReadBcdRig(Core& c) {
     if (s.ReplyTimedOut || s.ReplyBytes.size() != 5) return;
     s.FrequencyText.clear();
     for (int i = 0; i < 4; ++i)
-        s.FrequencyText += QString("%1").arg(Byte(c, i), 2, 16, QChar('0')).toUpper();
+        s.FrequencyText += QString("%1").arg(ReplyByte(c, i), 2, 16, QChar('0')).toUpper();
     const bool digitsOnly = std::all_of(s.FrequencyText.begin(), s.FrequencyText.end(),
                                         [](QChar ch) { return ch >= '0' && ch <= '9'; });
     if (!digitsOnly) {
@@ -165,7 +161,7 @@ void ReadBcdRig(Core& c) {
     }
     s.BadFrequencyCount = 0;
     ShowFrequency(c, s.FrequencyText.toInt());
-    ShowMode(c, BcdRigMode(Byte(c, 4)));
+    ShowMode(c, BcdRigMode(ReplyByte(c, 4)));
 }
 
 void ReadFt450(Core& c) {
@@ -215,9 +211,9 @@ void ReadFt450(Core& c) {
 void ReadFrg100(Core& c) {
     if (!ReadBlock(c, 2, 19)) return;
     // Tens of hertz already; the top byte of the rig's value is not used.
-    ShowFrequency(c, Byte(c, 2) + 256 * Byte(c, 3) + 65536 * Byte(c, 4), true);
+    ShowFrequency(c, ReplyByte(c, 2) + 256 * ReplyByte(c, 3) + 65536 * ReplyByte(c, 4), true);
     static const char* const kModes[] = {"LSB", "USB", "CW", "AM", "FM"};
-    const int mode = Byte(c, 7) & 0x0F;
+    const int mode = ReplyByte(c, 7) & 0x0F;
     ShowMode(c, mode < 5 ? kModes[mode] : "???");
 }
 
@@ -227,10 +223,10 @@ void ShowFilterButtons(std::array<CommandButton, 5>& buttons, int selected) {
 }
 
 void ReadFt1000Mp(Core& c) {
-    if (!ReadBlock(c, 2, 16) || Byte(c, 1) > 0x2E) return;
+    if (!ReadBlock(c, 2, 16) || ReplyByte(c, 1) > 0x2E) return;
     ShowFrequency(c, basic::CLng(RecordValue(c, 1) / 16), true);
-    ShowMode(c, Ft1000MpMode(Byte(c, 7), Byte(c, 0) > 0x7F));
-    const uint8_t filters = Byte(c, 8);
+    ShowMode(c, Ft1000MpMode(ReplyByte(c, 7), ReplyByte(c, 0) > 0x7F));
+    const uint8_t filters = ReplyByte(c, 8);
     // Bits 4 to 6: 0x40 is member 0 down to 0x00 member 4; bits 0 to 2 likewise from 4.
     const int wide = (filters & 0x70) >> 4;
     ShowFilterButtons(c.f.cmdFT1000MP_Filter_82, wide <= 4 ? 4 - wide : -1);
@@ -242,7 +238,7 @@ void ReadFt920(Core& c) {
     State& s = c.s;
     if (!ReadBlock(c, 2, 28)) return;
     ShowFrequency(c, basic::CLng(RecordValue(c, 1) / 10), true);
-    const uint8_t mode = Byte(c, 7);
+    const uint8_t mode = ReplyByte(c, 7);
     ShowMode(c, Ft920Mode(mode));
     const bool narrow = mode & 0x80;
     c.f.Command2[6].backColour = narrow ? PaleGreen : ButtonFace;
@@ -257,7 +253,7 @@ void ReadFt920(Core& c) {
     if (s.ReplyTimedOut || s.ReplyBytes.size() != 28) return;
     s.CurrentFrequency = basic::CLng(RecordValue(c, 15) / 10);
     s.FrequencyText = basic::Format(s.CurrentFrequency, "00000000");
-    s.CurrentMode = Ft920Mode(Byte(c, 21));
+    s.CurrentMode = Ft920Mode(ReplyByte(c, 21));
     c.frmMeters.lblVFOB.caption = FormatFrequency(c, s.CurrentFrequency);
     c.frmMeters.lblModeB.caption = s.CurrentMode;
 }

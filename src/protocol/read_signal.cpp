@@ -8,10 +8,6 @@ namespace veldor {
 
 namespace {
 
-uint8_t Byte(const Core& c, int i) {
-    return static_cast<uint8_t>(c.s.ReplyBytes.at(i));
-}
-
 bool IsFm(const Core& c) {
     return c.f.txtMode.text.left(2) == "FM";
 }
@@ -41,7 +37,7 @@ bool ReadOneByte(Core& c, uint8_t opcode, int count, uint8_t p4 = 0) {
 // The five-byte family: FT-817, FT-857, FT-897 and FT-847.
 void ReadBcdRigSignal(Core& c) {
     if (!ReadOneByte(c, 0xE7, 1) || c.s.ReplyBytes.size() != 1) return;
-    const uint8_t b = Byte(c, 0);
+    const uint8_t b = ReplyByte(c, 0);
     c.f.pbarSmeter.value = c.s.RigType == RigFT847 ? b % 32 : 2 * (b % 16);
     DecideByThreshold(c);
     // In FM the rig's own squelch decides.
@@ -85,9 +81,9 @@ void ReadReceiverSignal(Core& c) {
     const bool frg = c.s.RigType == RigFRG100;
     if (!ReadOneByte(c, frg ? 0xF7 : 0xE7, frg ? 5 : 1)) return;
     if (frg && c.s.ReplyBytes.size() == 5)
-        c.f.pbarSmeter.value = std::min(31, basic::CLng(Byte(c, 3) / 2.3));
+        c.f.pbarSmeter.value = std::min(31, basic::CLng(ReplyByte(c, 3) / 2.3));
     if (!frg && c.s.ReplyBytes.size() == 1)
-        c.f.pbarSmeter.value = std::clamp((Byte(c, 0) & 0x3F) - 19, 0, 31);
+        c.f.pbarSmeter.value = std::clamp((ReplyByte(c, 0) & 0x3F) - 19, 0, 31);
     DecideByThreshold(c);
     ShowSignalLights(c);
 }
@@ -96,7 +92,7 @@ void ReadReceiverSignal(Core& c) {
 void ReadMeterBlockSignal(Core& c) {
     if (!ReadOneByte(c, 0xF7, 5) || c.s.ReplyBytes.size() != 5) return;
     DecideByThreshold(c);
-    c.f.pbarSmeter.value = std::min(31, Byte(c, 0) / 8);
+    c.f.pbarSmeter.value = std::min(31, ReplyByte(c, 0) / 8);
     ShowSignalLights(c);
     // The FT-920's meters panel reads the rest of this reply when it joins.
 }
@@ -122,7 +118,7 @@ void ReadBcdRigStatus(Core& c) {
     if ((s.RigType == RigFT817 || s.RigType == RigFT817ND) && c.f.mnuFT817AGCmonitor.checked)
         ReadFT817AGC(c);
     if (!ReadOneByte(c, 0xF7, 1) || s.ReplyBytes.size() != 1) return;
-    const uint8_t b = Byte(c, 0);
+    const uint8_t b = ReplyByte(c, 0);
     if (b == 0xFF || s.IgnoreNextTxStatus) {
         s.IgnoreNextTxStatus = false;
         c.f.lblTX.backColour = White;
@@ -146,7 +142,7 @@ void ReadFt1000MpStatus(Core& c) {
         c.f.lblRigMode.caption.clear();
         return;
     }
-    for (int i = 0; i < 6; ++i) s.FT1000Flags[i] = Byte(c, i);
+    for (int i = 0; i < 6; ++i) s.FT1000Flags[i] = ReplyByte(c, i);
     if (!s.PendingSplit) FollowSplit(c, s.FT1000Flags[0] & 0x01);
     c.f.lblTX.backColour = (s.FT1000Flags[0] & 0x80) ? Red : White;
     ShowRigModeByte(c, s.FT1000Flags[1]);
@@ -161,7 +157,7 @@ void ReadFt920Status(Core& c) {
         f.lblRigMode.caption.clear();
         return;
     }
-    for (int i = 0; i < 8; ++i) s.FT920Flags[i] = Byte(c, i);
+    for (int i = 0; i < 8; ++i) s.FT920Flags[i] = ReplyByte(c, i);
     const auto& b = s.FT920Flags;
     f.lblAnt.caption = (b[4] & 0x10) ? "B" : "A";
     f.lblRXant.visible = b[4] & 0x20;
@@ -191,8 +187,8 @@ void ReadFt450Status(Core& c) {
 void ReadModelStatus(Core& c, std::array<uint8_t, 6>& flags) {
     ReadEeprom(c, 0x0068);
     if (!c.s.ReplyTimedOut) {
-        flags[0] = Byte(c, 0);
-        flags[1] = Byte(c, 1);
+        flags[0] = ReplyByte(c, 0);
+        flags[1] = ReplyByte(c, 1);
         QString& caption = c.f.lblRigMode.caption;
         if (flags[0] < 128) {
             // Not on a VFO: the last bit that is set names the state.
@@ -209,8 +205,8 @@ void ReadModelStatus(Core& c, std::array<uint8_t, 6>& flags) {
     for (const auto& [address, at] : {std::pair<uint16_t, int>{0x006A, 2}, {0x00A8, 4}}) {
         ReadEeprom(c, address);
         if (c.s.ReplyTimedOut) continue;
-        flags[at] = Byte(c, 0);
-        flags[at + 1] = Byte(c, 1);
+        flags[at] = ReplyByte(c, 0);
+        flags[at + 1] = ReplyByte(c, 1);
     }
 }
 
@@ -270,7 +266,7 @@ void ReadFT817AGC(Core& c) {
     PutParameters(c);
     ReadEeprom(c, 0x0056);
     if (c.s.ReplyTimedOut) return;
-    const int agc = Byte(c, 1) & 0x03;
+    const int agc = ReplyByte(c, 1) & 0x03;
     if (c.f.optFT817AGC[agc].value) return;
     // Selecting the option must not send it back to the rig.
     c.s.Ft817AgcSilenced = true;
