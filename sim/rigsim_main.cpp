@@ -44,8 +44,9 @@ constexpr const char* kHelp =
     "                      hex bytes\n"
     "  --state-file FILE   rewritten after every command: the rig's state as key=value\n"
     "  --control FIFO      a named pipe taking lines: freq HZ, freqb HZ, mode NAME, smeter N,\n"
-    "                      ptt 0|1, split 0|1, id TEXT, drop N, cut N, corrupt N, stray HEX,\n"
-    "                      silent 0|1, latency MS, gone\n"
+    "                      ptt 0|1, split 0|1, squelch 0|1 (open), tone 0|1 (matched),\n"
+    "                      disc 0|1 (centred), eeprom ADDR VALUE (hex), id TEXT, drop N,\n"
+    "                      cut N, corrupt N, stray HEX, silent 0|1, latency MS, gone\n"
     "  --freq HZ           start frequency (default 14250000)\n"
     "  --mode NAME         start mode (default USB)\n"
     "  --faults LIST       faults to start with, comma separated, as on the control pipe\n"
@@ -69,6 +70,17 @@ bool Apply(RigSim& rig, const QString& line) {
     }
     if (w.size() < 2) return false;
     const QString& v = w[1];
+    if (key == "eeprom" && w.size() == 3) {  // eeprom ADDRESS VALUE, both hexadecimal
+        bool okAddress = false, okValue = false;
+        const int address = v.toInt(&okAddress, 16);
+        const int value = w[2].toInt(&okValue, 16);
+        auto& image = rig.state().eeprom;
+        if (!okAddress || !okValue || address < 0 || address >= static_cast<int>(image.size()) ||
+            value < 0 || value > 255)
+            return false;
+        image[static_cast<size_t>(address)] = static_cast<uint8_t>(value);
+        return true;
+    }
     bool ok = true;
     auto& s = rig.state();
     auto& f = rig.faults();
@@ -82,6 +94,12 @@ bool Apply(RigSim& rig, const QString& line) {
         s.sMeter = v.toInt(&ok);
     else if (key == "ptt")
         s.ptt = v == "1";
+    else if (key == "squelch")
+        s.squelchOpen = v == "1";
+    else if (key == "tone")
+        s.toneMatch = v == "1";
+    else if (key == "disc")
+        s.discriminatorCentred = v == "1";
     else if (key == "split")
         s.split = v == "1";
     else if (key == "id")
