@@ -37,6 +37,13 @@ QByteArray FrameBytes(uint8_t a, uint8_t b, uint8_t c, uint8_t d) {
     return out;
 }
 
+QByteArray PairBytes(uint8_t a, uint8_t b) {
+    QByteArray out;
+    out.append(static_cast<char>(a));
+    out.append(static_cast<char>(b));
+    return out;
+}
+
 // The frequency and mode reply (opcode 03) of the FT-817/857/897 and FT-847.
 QByteArray FrequencyModeReply(const RigState& s) {
     QByteArray r = ToBcd(s.frequencyHz / 10, 8);
@@ -44,8 +51,26 @@ QByteArray FrequencyModeReply(const RigState& s) {
     return r;
 }
 
-// The writes the FT-817/857/897 and FT-847 share: frequency, mode and PTT. False for any
-// other opcode.
+// The tone mode byte (opcode 0A) and the shift byte (opcode 09) of the FT-817/857/897 and
+// FT-847.
+struct NamedCode {
+    const char* name;
+    uint8_t code;
+};
+constexpr NamedCode kToneModes[] = {
+    {"off", 0x8A}, {"encode", 0x4A}, {"squelch", 0x2A}, {"dcs", 0x0A}};
+constexpr NamedCode kShifts[] = {{"0", 0x89}, {"-", 0x09}, {"+", 0x49}};
+
+template <size_t N>
+QString NameOf(const NamedCode (&table)[N], uint8_t code) {
+    for (const NamedCode& c : table)
+        if (c.code == code) return c.name;
+    return {};
+}
+
+// The writes the FT-817/857/897 and FT-847 share: frequency, mode, PTT, tone mode, repeater
+// shift and offset. False for any other opcode. A parameter the rig has no meaning for
+// leaves its setting as it was.
 bool SharedBcdRigWrite(RigState& s, const Frame& f) {
     switch (f.opcode) {
         case 0x01: {
@@ -64,6 +89,21 @@ bool SharedBcdRigWrite(RigState& s, const Frame& f) {
         case 0x88:
             s.ptt = false;
             return true;
+        case 0x0A: {
+            const QString toneMode = NameOf(kToneModes, f.p1);
+            if (!toneMode.isEmpty()) s.toneMode = toneMode;
+            return true;
+        }
+        case 0x09: {
+            const QString shift = NameOf(kShifts, f.p1);
+            if (!shift.isEmpty()) s.shift = shift;
+            return true;
+        }
+        case 0xF9: {  // repeater offset: eight BCD digits in tens of hertz
+            const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
+            if (tens >= 0) s.offsetHz = tens * 10;
+            return true;
+        }
         default:
             return false;
     }
@@ -73,21 +113,39 @@ bool SharedBcdRigWrite(RigState& s, const Frame& f) {
 // answered by one byte.
 class Ft817Family : public FiveByteSim {
   public:
-    Ft817Family() { state_.eeprom.assign(0x2000, 0); }
+    explicit Ft817Family(const QString& name) : ft817_(name.startsWith("FT817")) {
+        state_.eeprom.assign(0x2000, 0);
+    }
 
   protected:
-    // A memory byte, with the bits that mirror the rig's live state: the VFO in use at 0x55
-    // (FT-817) and 0x68 (FT-857 and FT-897, whose bit 7 says the rig is on a VFO).
+    // The memory byte whose bit 0 is the VFO in use: 0x55 on the FT-817, 0x68 on the FT-857
+    // and FT-897 (where bit 7 set says the rig is on a VFO at all).
+    int liveVfoAddress() const { return ft817_ ? 0x55 : 0x68; }
+
+    // A memory byte, with the bits that mirror the rig's live state.
     uint8_t memoryByte(int address) const {
         const uint8_t stored = state_.eeprom[address];
         const uint8_t vfo = state_.vfoB ? 0x01 : 0x00;
-        if (address == 0x55) return static_cast<uint8_t>((stored & 0xFE) | vfo);
-        if (address == 0x68) return static_cast<uint8_t>((stored & 0x7E) | 0x80 | vfo);
-        return stored;
+        if (address != liveVfoAddress()) return stored;
+        if (ft817_) return static_cast<uint8_t>((stored & 0xFE) | vfo);
+        return static_cast<uint8_t>((stored & 0x7E) | 0x80 | vfo);
+    }
+
+    // A byte written into memory; at the live VFO byte it puts the rig on the VFO of bit 0.
+    void storeMemoryByte(int address, uint8_t value) {
+        state_.eeprom[address] = value;
+        if (address == liveVfoAddress()) useVfo((value & 0x01) != 0);
+    }
+
+    void useVfo(bool b) {
+        if (b == state_.vfoB) return;
+        std::swap(state_.frequencyHz, state_.vfoBHz);
+        state_.vfoB = b;
     }
 
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
+        const int memorySize = static_cast<int>(s.eeprom.size());
         switch (f.opcode) {
             case 0x03:  // read frequency and mode
                 return reply(FrequencyModeReply(s), now, true);
@@ -105,30 +163,35 @@ class Ft817Family : public FiveByteSim {
                 const uint8_t b = static_cast<uint8_t>((s.split ? 0x20 : 0) | 0x08);
                 return reply(QByteArray(1, static_cast<char>(b)), now);
             }
-            case 0xBB: {  // read two EEPROM bytes
-                const int a = (f.p1 << 8 | f.p2) % static_cast<int>(s.eeprom.size());
-                const int b = (a + 1) % static_cast<int>(s.eeprom.size());
+            case 0xBB: {  // read two memory bytes
+                const int a = (f.p1 << 8 | f.p2) % memorySize;
                 QByteArray r;
                 r.append(static_cast<char>(memoryByte(a)));
-                r.append(static_cast<char>(memoryByte(b)));
+                r.append(static_cast<char>(memoryByte((a + 1) % memorySize)));
                 return reply(r, now);
             }
-            case 0xBC: {  // write one EEPROM byte
-                const int a = (f.p1 << 8 | f.p2) % static_cast<int>(s.eeprom.size());
-                s.eeprom[a] = f.p3;
+            case 0xBC: {  // write two memory bytes: P3 at the address, P4 at the next
+                const int a = (f.p1 << 8 | f.p2) % memorySize;
+                storeMemoryByte(a, f.p3);
+                storeMemoryByte((a + 1) % memorySize, f.p4);
                 break;
             }
+            case 0x0B:  // tone in BCD tenths of a hertz; the FT-857/897 add the decoder tone
+                if (const int64_t tone = FromBcd(PairBytes(f.p1, f.p2)); tone >= 0)
+                    s.toneDeciHz = static_cast<int>(tone);
+                if (ft817_) break;
+                if (const int64_t tone = FromBcd(PairBytes(f.p3, f.p4)); tone >= 0)
+                    s.toneDecodeDeciHz = static_cast<int>(tone);
+                break;
             case 0x02:
                 s.split = true;
                 break;
             case 0x82:
                 s.split = false;
                 break;
-            case 0x81: {  // VFO A/B toggle
-                std::swap(s.frequencyHz, s.vfoBHz);
-                s.vfoB = !s.vfoB;
+            case 0x81:  // VFO A/B toggle
+                useVfo(!s.vfoB);
                 break;
-            }
             case 0x0F:
                 s.poweredOn = true;
                 break;
@@ -136,11 +199,14 @@ class Ft817Family : public FiveByteSim {
                 s.poweredOn = false;
                 break;
             default:
-                SharedBcdRigWrite(s, f);  // and lock, clarifier, tones, shift: acknowledged
+                SharedBcdRigWrite(s, f);  // and lock, clarifier: acknowledged
                 break;
         }
         reply(QByteArray(1, '\0'), now);
     }
+
+  private:
+    bool ft817_;
 };
 
 // FT-847: nothing is understood outside CAT mode, and writes are not acknowledged.
@@ -168,6 +234,9 @@ class Ft847 : public FiveByteSim {
             }
             case 0xF7:
                 return reply(QByteArray(1, s.ptt ? '\x08' : '\xFF'), now);
+            case 0x0B:  // the FT-847's own tone code, one byte
+                s.toneNumber = f.p1;
+                return;
             default:
                 SharedBcdRigWrite(s, f);  // no acknowledgement
                 return;
@@ -331,8 +400,8 @@ class Vr5000 : public FiveByteSim {
 
 }  // namespace
 
-std::unique_ptr<RigSim> MakeFt817Family(const QString&) {
-    return std::make_unique<Ft817Family>();
+std::unique_ptr<RigSim> MakeFt817Family(const QString& name) {
+    return std::make_unique<Ft817Family>(name);
 }
 std::unique_ptr<RigSim> MakeFt847() {
     return std::make_unique<Ft847>();

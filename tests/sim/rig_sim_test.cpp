@@ -71,14 +71,65 @@ TEST(Ft817Family, AcknowledgesWritesAndChangesState) {
     EXPECT_EQ(Ask(*rig, Hex("00000000f7"), now).toHex(), "ff");
 }
 
-TEST(Ft817Family, EepromWritesKeepTheNeighbourByte) {
+TEST(Ft817Family, EepromWritesStoreBothBytes) {
     auto rig = RigSim::create("FT857");
     rig->state().eeprom[0x6A] = 0x11;
     rig->state().eeprom[0x6B] = 0x22;
     int64_t now = 0;
     EXPECT_EQ(Ask(*rig, Hex("006a0000bb"), now).toHex(), "1122");
-    Ask(*rig, Hex("006a9900bc"), now);
+    EXPECT_EQ(Ask(*rig, Hex("006a9922bc"), now).toHex(), "00");
     EXPECT_EQ(Ask(*rig, Hex("006a0000bb"), now).toHex(), "9922");
+    Ask(*rig, Hex("006a9955bc"), now);
+    EXPECT_EQ(Ask(*rig, Hex("006a0000bb"), now).toHex(), "9955");
+    EXPECT_EQ(rig->state().eeprom[0x6C], 0);
+}
+
+// The byte whose bit 0 is the VFO in use puts the rig on that VFO when written, like 81.
+struct VfoByteCase {
+    const char* rig;
+    const char* toB;    // write that selects VFO B
+    const char* read;   // read of the two bytes from the live address
+    const char* readB;  // its reply on VFO B
+    const char* toA;
+    const char* readA;
+};
+
+class Ft817VfoByte : public ::testing::TestWithParam<VfoByteCase> {};
+
+TEST_P(Ft817VfoByte, SelectsTheVfo) {
+    const VfoByteCase& c = GetParam();
+    auto rig = RigSim::create(c.rig);
+    int64_t now = 0;
+    EXPECT_EQ(Ask(*rig, Hex(c.toB), now).toHex(), "00");
+    EXPECT_TRUE(rig->state().vfoB);
+    EXPECT_EQ(Ask(*rig, Hex("0000000003"), now).toHex(), "0070500001");  // 7.05000 MHz
+    EXPECT_EQ(Ask(*rig, Hex(c.read), now).toHex(), c.readB);
+    Ask(*rig, Hex(c.toB), now);  // again: stays on B
+    EXPECT_EQ(rig->state().frequencyHz, 7050000);
+    Ask(*rig, Hex(c.toA), now);
+    EXPECT_FALSE(rig->state().vfoB);
+    EXPECT_EQ(Ask(*rig, Hex("0000000003"), now).toHex(), "0142500001");
+    EXPECT_EQ(Ask(*rig, Hex(c.read), now).toHex(), c.readA);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rigs, Ft817VfoByte,
+    ::testing::Values(
+        // FT-817: bit 0 of 0x55; the write at 0x54 carries 0x55 as its second byte.
+        VfoByteCase{"FT817", "00 54 81 01 bc", "00 54 00 00 bb", "8101", "00 54 80 00 bc", "8000"},
+        VfoByteCase{"FT817ND", "00 55 01 00 bc", "00 55 00 00 bb", "0100", "00 55 00 00 bc",
+                    "0000"},
+        // FT-857/897: bit 0 of 0x68, bit 7 set while on a VFO.
+        VfoByteCase{"FT857D", "00 68 81 00 bc", "00 68 00 00 bb", "8100", "00 68 80 00 bc", "8000"},
+        VfoByteCase{"FT897", "00 67 00 81 bc", "00 68 00 00 bb", "8100", "00 67 00 80 bc", "8000"}),
+    [](const auto& info) { return std::string(info.param.rig); });
+
+TEST(Ft817, TheByteAt54IsStoredButSelectsNothing) {
+    auto rig = RigSim::create("FT817");
+    int64_t now = 0;
+    Ask(*rig, Hex("00 54 81 00 bc"), now);
+    EXPECT_FALSE(rig->state().vfoB);
+    EXPECT_EQ(Ask(*rig, Hex("00 54 00 00 bb"), now).toHex(), "8100");
 }
 
 TEST(Ft817Family, TheSMeterFollowsTheBandOfSignals) {
@@ -92,6 +143,121 @@ TEST(Ft817Family, TheSMeterFollowsTheBandOfSignals) {
     const auto quiet = static_cast<uint8_t>(Ask(*rig, Hex("00000000e7"), now)[0]);
     EXPECT_EQ(quiet & 0x0F, 0);
     EXPECT_EQ(quiet & 0x80, 0x80);  // squelch closed
+}
+
+// One setting of the rig's state as text, to compare with a table.
+QString Field(const RigState& s, const QString& name) {
+    if (name == "frequencyHz") return QString::number(s.frequencyHz);
+    if (name == "vfoBHz") return QString::number(s.vfoBHz);
+    if (name == "mode") return s.mode;
+    if (name == "vfoB") return s.vfoB ? "1" : "0";
+    if (name == "toneDeciHz") return QString::number(s.toneDeciHz);
+    if (name == "toneDecodeDeciHz") return QString::number(s.toneDecodeDeciHz);
+    if (name == "toneNumber") return QString::number(s.toneNumber);
+    if (name == "toneDecodeNumber") return QString::number(s.toneDecodeNumber);
+    if (name == "toneMode") return s.toneMode;
+    if (name == "shift") return s.shift;
+    if (name == "offsetHz") return QString::number(s.offsetHz);
+    if (name == "subOn") return s.subOn ? "1" : "0";
+    if (name == "subMode") return s.subMode;
+    if (name == "stepCode") return QString::number(s.stepCode);
+    if (name == "subStepCode") return QString::number(s.subStepCode);
+    if (name == "tunerIn") return s.tunerIn ? "1" : "0";
+    if (name == "tuneStarts") return QString::number(s.tuneStarts);
+    if (name == "narrow") return s.narrow ? "1" : "0";
+    if (name == "filter82Hz") return QString::number(s.filter82Hz);
+    if (name == "filter455Hz") return QString::number(s.filter455Hz);
+    ADD_FAILURE() << "no field " << name.toStdString();
+    return {};
+}
+
+// Frames as the rig receives them, hex with free spacing, and the setting they leave.
+struct WriteCase {
+    const char* rig;
+    const char* frames;
+    const char* field;
+    const char* value;
+};
+
+std::string WriteCaseName(const ::testing::TestParamInfo<WriteCase>& info) {
+    return std::string(info.param.rig) + "_" + std::to_string(info.index);
+}
+
+class BinaryWrite : public ::testing::TestWithParam<WriteCase> {};
+
+TEST_P(BinaryWrite, ChangesTheRig) {
+    const WriteCase& c = GetParam();
+    auto rig = RigSim::create(c.rig);
+    ASSERT_TRUE(rig);
+    int64_t now = 0;
+    const QString name = c.rig;
+    if (name == "FT847" || name == "VR5000") Ask(*rig, Hex("00 00 00 00 00"), now);  // CAT on
+    Ask(*rig, Hex(c.frames), now);
+    EXPECT_EQ(Field(rig->state(), c.field), c.value) << c.frames;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ft817Family, BinaryWrite,
+    ::testing::Values(
+        // Tone in BCD tenths of a hertz; the FT-817 takes only P1 P2.
+        WriteCase{"FT817", "08 85 00 00 0b", "toneDeciHz", "885"},
+        WriteCase{"FT817ND", "08 85 11 88 0b", "toneDecodeDeciHz", "0"},
+        WriteCase{"FT857", "11 88 11 88 0b", "toneDeciHz", "1188"},
+        WriteCase{"FT897D", "25 41 10 00 0b", "toneDecodeDeciHz", "1000"},
+        WriteCase{"FT857D", "08 85 00 00 0b  0a 85 00 00 0b", "toneDeciHz", "885"},
+        WriteCase{"FT817", "4a 00 00 00 0a", "toneMode", "encode"},
+        WriteCase{"FT857", "2a 00 00 00 0a", "toneMode", "squelch"},
+        WriteCase{"FT897", "4a 00 00 00 0a  8a 00 00 00 0a", "toneMode", "off"},
+        WriteCase{"FT817ND", "0a 00 00 00 0a", "toneMode", "dcs"},
+        WriteCase{"FT857D", "2a 00 00 00 0a  77 00 00 00 0a", "toneMode", "squelch"},
+        WriteCase{"FT817", "09 00 00 00 09", "shift", "-"},
+        WriteCase{"FT897D", "49 00 00 00 09", "shift", "+"},
+        WriteCase{"FT857", "49 00 00 00 09  89 00 00 00 09", "shift", "0"},
+        WriteCase{"FT817", "00 06 00 00 f9", "offsetHz", "600000"},
+        WriteCase{"FT897", "00 76 00 00 f9", "offsetHz", "7600000"},
+        WriteCase{"FT857", "00 06 00 00 f9  0a 00 00 00 f9", "offsetHz", "600000"},
+        WriteCase{"FT857", "82 00 00 00 07", "mode", "CWN"},
+        WriteCase{"FT817", "88 00 00 00 07", "mode", "FMN"},
+        WriteCase{"FT897", "0c 00 00 00 07", "mode", "PKT"},
+        WriteCase{"FT817", "02 00 00 00 07  05 00 00 00 07", "mode", "CW"},
+        WriteCase{"FT857", "00 00 00 00 81", "frequencyHz", "7050000"},
+        WriteCase{"FT857", "00 00 00 00 81  00 00 00 00 81", "vfoB", "0"}),
+    WriteCaseName);
+
+INSTANTIATE_TEST_SUITE_P(
+    Ft847, BinaryWrite,
+    ::testing::Values(WriteCase{"FT847", "3f 00 00 00 0b", "toneNumber", "63"},
+                      WriteCase{"FT847", "4a 00 00 00 0a", "toneMode", "encode"},
+                      WriteCase{"FT847", "2a 00 00 00 0a", "toneMode", "squelch"},
+                      WriteCase{"FT847", "2a 00 00 00 0a  8a 00 00 00 0a", "toneMode", "off"},
+                      WriteCase{"FT847", "09 00 00 00 09", "shift", "-"},
+                      WriteCase{"FT847", "49 00 00 00 09", "shift", "+"},
+                      WriteCase{"FT847", "00 06 00 00 f9", "offsetHz", "600000"},
+                      WriteCase{"FT847", "83 00 00 00 07", "mode", "CWRN"},
+                      WriteCase{"FT847", "84 00 00 00 07", "mode", "AMN"},
+                      WriteCase{"FT847", "00 70 74 00 01", "frequencyHz", "7074000"}),
+    WriteCaseName);
+
+TEST(Ft817Family, AnswersEachWriteWithOneByte) {
+    auto rig = RigSim::create("FT897");
+    int64_t now = 0;
+    for (const char* frame : {"08 85 08 85 0b", "4a 00 00 00 0a", "09 00 00 00 09",
+                              "00 06 00 00 f9", "00 68 81 00 bc", "00 00 00 00 02"})
+        EXPECT_EQ(Ask(*rig, Hex(frame), now).toHex(), "00") << frame;
+}
+
+TEST(Ft847, TakesRepeaterSettingsOnlyInCatModeAndAnswersNothing) {
+    auto rig = RigSim::create("FT847");
+    int64_t now = 0;
+    EXPECT_TRUE(Ask(*rig, Hex("3f 00 00 00 0b  4a 00 00 00 0a  49 00 00 00 09"), now).isEmpty());
+    EXPECT_EQ(rig->state().toneNumber, -1);
+    EXPECT_EQ(rig->state().toneMode, "off");
+    EXPECT_EQ(rig->state().shift, "0");
+    Ask(*rig, Hex("00 00 00 00 00"), now);
+    EXPECT_TRUE(Ask(*rig, Hex("3f 00 00 00 0b  4a 00 00 00 0a  49 00 00 00 09"), now).isEmpty());
+    EXPECT_EQ(rig->state().toneNumber, 63);
+    EXPECT_EQ(rig->state().shift, "+");
+    EXPECT_EQ(Ask(*rig, Hex("84 00 00 00 07  00 00 00 00 03"), now).toHex(), "0142500084");
 }
 
 TEST(Ft847, IgnoresEverythingOutsideCatMode) {
