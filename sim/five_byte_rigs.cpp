@@ -248,104 +248,177 @@ class Ft847 : public FiveByteSim {
 // status read back in blocks.
 class StatusBlockRig : public FiveByteSim {
   public:
-    explicit StatusBlockRig(QString name) : name_(std::move(name)) {}
+    explicit StatusBlockRig(QString name)
+        : mp_(name == "FT1000MP"), ft920_(name == "FT920"), frg_(name == "FRG100") {}
 
   protected:
-    // The rig's own mode numbers: P4 of opcode 0C, and the mode byte of a VFO record (with,
-    // on the FT-1000MP, the alternate flag that lives in byte 0 of the record).
-    struct Mode {
+    // Each rig's own mode numbers, P4 of opcode 0C.
+    static constexpr NamedCode kFrgSetModes[] = {{"LSB", 0}, {"USB", 1}, {"CW", 2}, {"CWN", 3},
+                                                 {"AM", 4},  {"AMN", 5}, {"FM", 6}};
+    static constexpr NamedCode kMpSetModes[] = {
+        {"LSB", 0}, {"USB", 1}, {"CW", 2},   {"CWR", 3},  {"AM", 4},      {"AMS", 5},
+        {"FM", 6},  {"WFM", 7}, {"RTYL", 8}, {"RTYU", 9}, {"PKTL", 0x0A}, {"PKTF", 0x0B}};
+    static constexpr NamedCode kFt920SetModes[] = {
+        {"LSB", 0}, {"USB", 1}, {"CW", 2},      {"CWR", 3},     {"AM", 4},
+        {"FM", 6},  {"FMN", 7}, {"RTYL", 0x09}, {"RTYU", 0x0A}, {"PKTF", 0x0B}};
+
+    // The mode as a VFO record carries it: the FRG-100's low nibble of byte 7; the
+    // FT-1000MP's bits 0 to 2 of byte 7 with the alternate flag that lives in byte 0; the
+    // FT-920's byte 7 with its alternate flag in bit 6 and its narrow flag in bit 7.
+    struct RecordMode {
         const char* name;
-        uint8_t set;
-        uint8_t ft920Byte;
+        uint8_t frgNibble;
         uint8_t mpBits;
         bool mpAlternate;
+        uint8_t ft920Byte;
     };
-    static constexpr Mode kModes[] = {
-        {"LSB", 0, 0x00, 0, false},  {"USB", 1, 0x40, 1, false}, {"CW", 2, 0x41, 2, false},
-        {"CWR", 3, 0x01, 2, true},   {"AM", 4, 0x02, 3, false},  {"AMN", 5, 0x82, 3, false},
-        {"AMS", 5, 0x02, 3, true},   {"FM", 6, 0x03, 4, false},  {"FMN", 7, 0x83, 4, false},
-        {"RTYL", 8, 0x04, 5, false}, {"RTYU", 9, 0x05, 5, true}, {"PKTL", 10, 0x06, 6, false},
-        {"PKTF", 11, 0x06, 6, true},
+    static constexpr RecordMode kRecordModes[] = {
+        {"LSB", 0, 0, false, 0x00}, {"USB", 1, 1, false, 0x40},  {"CW", 2, 2, false, 0x41},
+        {"CWN", 2, 2, false, 0x41}, {"CWR", 2, 2, true, 0x01},   {"AM", 3, 3, false, 0x02},
+        {"AMN", 3, 3, false, 0x82}, {"AMS", 3, 3, true, 0x02},   {"FM", 4, 4, false, 0x03},
+        {"FMN", 4, 4, false, 0x83}, {"WFM", 4, 4, false, 0x03},  {"RTYL", 0, 5, false, 0x04},
+        {"RTYU", 1, 5, true, 0x05}, {"PKTL", 0, 6, false, 0x06}, {"PKTF", 4, 6, true, 0x06},
     };
 
-    const Mode& mode() const {
-        for (const Mode& m : kModes)
+    const RecordMode& recordMode() const {
+        for (const RecordMode& m : kRecordModes)
             if (state_.mode == m.name) return m;
-        return kModes[1];
+        return kRecordModes[1];
+    }
+
+    // The FT-1000MP's bandwidths and their codes: P4 of opcode 8C, and the value the rig
+    // puts in byte 8 of a VFO record (bits 4 to 6 for the 8.2 MHz IF, 0 to 2 for 455 kHz).
+    struct Bandwidth {
+        int hz;
+        uint8_t set;
+        uint8_t record;
+    };
+    static constexpr Bandwidth kBandwidths[] = {
+        {2400, 0, 1}, {2000, 1, 2}, {500, 2, 3}, {250, 3, 4}, {6000, 4, 0}};
+
+    static uint8_t BandwidthRecord(int hz) {
+        for (const Bandwidth& b : kBandwidths)
+            if (b.hz == hz) return b.record;
+        return 0;  // never chosen: the field stays clear
+    }
+
+    int64_t& vfoAHz() { return state_.vfoB ? state_.vfoBHz : state_.frequencyHz; }
+    int64_t& vfoBHz() { return state_.vfoB ? state_.frequencyHz : state_.vfoBHz; }
+    int64_t vfoAHz() const { return state_.vfoB ? state_.vfoBHz : state_.frequencyHz; }
+    int64_t vfoBHz() const { return state_.vfoB ? state_.frequencyHz : state_.vfoBHz; }
+
+    // On the FT-920 the narrow flag is what makes AM and FM read back as AMN and FMN.
+    void followNarrow() {
+        RigState& s = state_;
+        if (s.mode == "AM" || s.mode == "AMN") s.mode = s.narrow ? "AMN" : "AM";
+        if (s.mode == "FM" || s.mode == "FMN") s.mode = s.narrow ? "FMN" : "FM";
+    }
+
+    void setMode(uint8_t code) {
+        QString name;
+        if (frg_) name = NameOf(kFrgSetModes, code);
+        if (mp_) name = NameOf(kMpSetModes, code);
+        if (ft920_) name = NameOf(kFt920SetModes, code);
+        if (name.isEmpty()) return;
+        state_.mode = name;
+        if (!ft920_) return;
+        if (name == "FMN") state_.narrow = true;
+        if (name == "FM") state_.narrow = false;
+        followNarrow();
     }
 
     // One VFO record of the FT-1000MP (16 bytes, frequency in 0.625 Hz steps) or of the
     // FT-920 (14 bytes, frequency in hertz).
-    QByteArray vfoRecord(int64_t hz, int size) const {
-        QByteArray r(size, '\0');
-        const bool mp = name_ == "FT1000MP";
-        const auto value = static_cast<uint32_t>(mp ? hz * 16 / 10 : hz);
+    QByteArray vfoRecord(int64_t hz) const {
+        QByteArray r(mp_ ? 16 : 14, '\0');
+        const auto value = static_cast<uint32_t>(mp_ ? hz * 16 / 10 : hz);
         r[1] = static_cast<char>(value >> 24);
         r[2] = static_cast<char>(value >> 16);
         r[3] = static_cast<char>(value >> 8);
         r[4] = static_cast<char>(value);
-        if (mp) {
-            if (mode().mpAlternate) r[0] = static_cast<char>(0x80);
-            r[7] = static_cast<char>(mode().mpBits);
+        const RecordMode& m = recordMode();
+        if (mp_) {
+            if (m.mpAlternate) r[0] = static_cast<char>(0x80);
+            r[7] = static_cast<char>(m.mpBits);
+            r[8] = static_cast<char>(BandwidthRecord(state_.filter82Hz) << 4 |
+                                     BandwidthRecord(state_.filter455Hz));
         } else {
-            r[7] = static_cast<char>(mode().ft920Byte);
+            r[7] = static_cast<char>(m.ft920Byte | (state_.narrow ? 0x80 : 0));
         }
         return r;
+    }
+
+    // FRG-100: 10 Hz units least significant byte first from byte 2, mode in byte 7.
+    QByteArray frgRecord() const {
+        QByteArray r(19, '\0');
+        const int64_t tens = state_.frequencyHz / 10;
+        r[2] = static_cast<char>(tens & 0xFF);
+        r[3] = static_cast<char>((tens >> 8) & 0xFF);
+        r[4] = static_cast<char>((tens >> 16) & 0xFF);
+        r[7] = static_cast<char>(recordMode().frgNibble);
+        return r;
+    }
+
+    // Status flags. Byte 0: split in bit 0 (on the FT-920: transmit on VFO B, with bit 1
+    // receive on VFO B), PTT in bit 7. Byte 1: 0x20, the rig is on a VFO. FT-920 byte 2 bit 1:
+    // antenna tuner in line.
+    QByteArray statusFlags() const {
+        const RigState& s = state_;
+        QByteArray r(ft920_ ? 8 : 6, '\0');
+        uint8_t flags0 = s.ptt ? 0x80 : 0;
+        if (ft920_) {
+            if (s.vfoB) flags0 |= 0x02;
+            if (s.vfoB != s.split) flags0 |= 0x01;
+            if (s.tunerIn) r[2] = static_cast<char>(0x02);
+        } else if (s.split) {
+            flags0 |= 0x01;
+        }
+        r[0] = static_cast<char>(flags0);
+        r[1] = static_cast<char>(0x20);
+        return r;
+    }
+
+    void useVfo(bool b) {
+        if (b == state_.vfoB) return;
+        std::swap(state_.frequencyHz, state_.vfoBHz);
+        state_.vfoB = b;
     }
 
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
         switch (f.opcode) {
-            case 0x10: {  // status update: P4 selects the block
-                if (name_ == "FRG100") {
-                    QByteArray r(19, '\0');
-                    const int64_t tens = s.frequencyHz / 10;
-                    r[2] = static_cast<char>(tens & 0xFF);
-                    r[3] = static_cast<char>((tens >> 8) & 0xFF);
-                    r[4] = static_cast<char>((tens >> 16) & 0xFF);
-                    static constexpr const char* kFrgModes[] = {"LSB", "USB", "CW", "AM", "FM"};
-                    uint8_t mode = 1;
-                    for (uint8_t i = 0; i < 5; ++i)
-                        if (s.mode == kFrgModes[i]) mode = i;
-                    r[7] = static_cast<char>(mode);
-                    return reply(r, now);
-                }
+            case 0x10:  // status update: P4 selects the block
+                if (frg_) return reply(frgRecord(), now);
                 // The FT-1000MP gives the VFO in use for P4 = 2 and both VFOs for P4 = 3; the
                 // FT-920 always gives both, VFO A first.
-                if (name_ == "FT1000MP" && f.p4 != 3)
-                    return reply(vfoRecord(s.frequencyHz, 16), now);
-                const int size = name_ == "FT1000MP" ? 16 : 14;
-                return reply(vfoRecord(s.frequencyHz, size) + vfoRecord(s.vfoBHz, size), now);
-            }
+                if (mp_ && f.p4 != 3) return reply(vfoRecord(s.frequencyHz), now);
+                return reply(vfoRecord(vfoAHz()) + vfoRecord(vfoBHz()), now);
             case 0xF7: {  // meter
                 QByteArray r(5, '\0');
                 const int level = signalLevel(now);
-                if (name_ == "FRG100")
+                if (frg_)
                     r[3] = static_cast<char>(std::min(255, level * 16));
                 else
                     r[0] = static_cast<char>(std::min(255, level * 17));
                 return reply(r, now);
             }
-            case 0xFA: {  // status flags
-                QByteArray r(name_ == "FT920" ? 8 : 6, '\0');
-                uint8_t flags0 = 0;
-                if (s.split) flags0 |= 0x01;
-                if (s.ptt) flags0 |= 0x80;
-                r[0] = static_cast<char>(flags0);
-                if (name_ == "FT920") r[1] = static_cast<char>(0x20);  // VFO
-                return reply(r, now);
-            }
-            case 0x0A: {  // set frequency, least significant pair first
+            case 0xFA:
+                return reply(statusFlags(), now);
+            case 0x0A:    // set VFO A, least significant pair first
+            case 0x8A: {  // set VFO B
                 const int64_t tens = FromBcd(FrameBytes(f.p4, f.p3, f.p2, f.p1));
-                if (tens >= 0) s.frequencyHz = tens * 10;
+                if (tens < 0) return;
+                if (frg_) {
+                    if (f.opcode == 0x0A) s.frequencyHz = tens * 10;
+                    return;
+                }
+                (f.opcode == 0x0A ? vfoAHz() : vfoBHz()) = tens * 10;
                 return;
             }
             case 0x0C:
-                for (const Mode& m : kModes) {
-                    if (f.p4 != m.set) continue;
-                    s.mode = m.name;
-                    break;
-                }
+                return setMode(f.p4);
+            case 0x05:  // VFO A (P4 0) or B (P4 1)
+                if (!frg_ && f.p4 <= 1) useVfo(f.p4 == 1);
                 return;
             case 0x01:
                 s.split = f.p4 == 1;
@@ -356,13 +429,52 @@ class StatusBlockRig : public FiveByteSim {
             case 0x20:
                 s.poweredOn = f.p4 == 1;
                 return;
+            case 0x8C:  // FT-920: wide (P4 1) or narrow (2); FT-1000MP: bandwidth of one IF
+                if (ft920_) {
+                    if (f.p4 == 1 || f.p4 == 2) s.narrow = f.p4 == 2;
+                    followNarrow();
+                }
+                if (mp_) {
+                    for (const Bandwidth& b : kBandwidths) {
+                        if (b.set != f.p4) continue;
+                        if (f.p1 == 1) s.filter82Hz = b.hz;
+                        if (f.p1 == 2) s.filter455Hz = b.hz;
+                    }
+                }
+                return;
             default:
-                return;  // 05, 0E and the rest change nothing the model shows
+                break;
+        }
+        if (ft920_) ft920Command(f);
+    }
+
+    // The FT-920's repeater and tuner commands.
+    void ft920Command(const Frame& f) {
+        RigState& s = state_;
+        switch (f.opcode) {
+            case 0x84: {  // shift: P4 0 simplex, 1 minus, 2 plus
+                static constexpr const char* kShift[] = {"0", "-", "+"};
+                if (f.p4 <= 2) s.shift = kShift[f.p4];
+                return;
+            }
+            case 0x90:  // tone numbers from 1, 0 for none: encoder in P4, decoder in P3
+                s.toneNumber = f.p4;
+                s.toneDecodeNumber = f.p3;
+                s.toneMode = f.p3 != 0 ? "squelch" : f.p4 != 0 ? "encode" : "off";
+                return;
+            case 0x81:  // antenna tuner in (P4 1) or out (0)
+                if (f.p4 <= 1) s.tunerIn = f.p4 == 1;
+                return;
+            case 0x82:  // start tuning: only with the tuner in line
+                if (s.tunerIn) ++s.tuneStarts;
+                return;
+            default:
+                return;  // 0E and the rest change nothing the model shows
         }
     }
 
   private:
-    QString name_;
+    bool mp_, ft920_, frg_;
 };
 
 // VR-5000: a receiver whose frequency is written in binary and never read back.

@@ -238,6 +238,154 @@ INSTANTIATE_TEST_SUITE_P(
                       WriteCase{"FT847", "00 70 74 00 01", "frequencyHz", "7074000"}),
     WriteCaseName);
 
+INSTANTIATE_TEST_SUITE_P(
+    StatusBlockRigs, BinaryWrite,
+    ::testing::Values(
+        // 0A sets VFO A and 8A VFO B, BCD least significant pair first.
+        WriteCase{"FT920", "00 00 71 00 8a", "vfoBHz", "7100000"},
+        WriteCase{"FT1000MP", "00 00 71 00 8a", "frequencyHz", "14250000"},
+        WriteCase{"FRG100", "00 00 71 00 8a", "frequencyHz", "14250000"},
+        WriteCase{"FT1000MP", "00 00 00 01 05", "frequencyHz", "7050000"},
+        WriteCase{"FT920", "00 00 00 01 05  00 00 00 00 05", "vfoB", "0"},
+        WriteCase{"FRG100", "00 00 00 01 05", "vfoB", "0"},
+        WriteCase{"FT1000MP", "00 00 00 01 05  00 74 10 02 0a", "vfoBHz", "21074000"},
+        WriteCase{"FT920", "00 00 00 01 05  00 00 71 00 8a", "frequencyHz", "7100000"},
+        // Each rig's own mode numbers.
+        WriteCase{"FRG100", "00 00 00 03 0c", "mode", "CWN"},
+        WriteCase{"FRG100", "00 00 00 05 0c", "mode", "AMN"},
+        WriteCase{"FRG100", "00 00 00 06 0c", "mode", "FM"},
+        WriteCase{"FRG100", "00 00 00 07 0c", "mode", "USB"},
+        WriteCase{"FT1000MP", "00 00 00 05 0c", "mode", "AMS"},
+        WriteCase{"FT1000MP", "00 00 00 07 0c", "mode", "WFM"},
+        WriteCase{"FT1000MP", "00 00 00 0a 0c", "mode", "PKTL"},
+        WriteCase{"FT920", "00 00 00 07 0c", "mode", "FMN"},
+        WriteCase{"FT920", "00 00 00 09 0c", "mode", "RTYL"},
+        WriteCase{"FT920", "00 00 00 0a 0c", "mode", "RTYU"},
+        WriteCase{"FT920", "00 00 00 05 0c", "mode", "USB"},
+        // FT-920 repeater, tuner and filter.
+        WriteCase{"FT920", "00 00 00 01 84", "shift", "-"},
+        WriteCase{"FT920", "00 00 00 02 84", "shift", "+"},
+        WriteCase{"FT920", "00 00 00 02 84  00 00 00 00 84", "shift", "0"},
+        WriteCase{"FT920", "00 00 00 0c 90", "toneNumber", "12"},
+        WriteCase{"FT920", "00 00 00 0c 90", "toneMode", "encode"},
+        WriteCase{"FT920", "00 00 0c 0c 90", "toneDecodeNumber", "12"},
+        WriteCase{"FT920", "00 00 0c 0c 90", "toneMode", "squelch"},
+        WriteCase{"FT920", "00 00 0c 0c 90  00 00 00 00 90", "toneMode", "off"},
+        WriteCase{"FT1000MP", "00 00 00 0c 90", "toneMode", "off"},
+        WriteCase{"FT920", "00 00 00 01 81", "tunerIn", "1"},
+        WriteCase{"FT920", "00 00 00 01 81  00 00 00 00 81", "tunerIn", "0"},
+        WriteCase{"FT920", "00 00 00 01 81  00 00 00 00 82  00 00 00 00 82", "tuneStarts", "2"},
+        WriteCase{"FT920", "00 00 00 00 82", "tuneStarts", "0"},
+        WriteCase{"FT920", "00 00 00 02 8c", "narrow", "1"},
+        WriteCase{"FT920", "00 00 00 02 8c  00 00 00 01 8c", "narrow", "0"},
+        WriteCase{"FT920", "00 00 00 06 0c  00 00 00 02 8c", "mode", "FMN"},
+        WriteCase{"FT920", "00 00 00 07 0c  00 00 00 01 8c", "mode", "FM"},
+        // FT-1000MP bandwidths: P1 the IF, P4 the filter.
+        WriteCase{"FT1000MP", "01 00 00 03 8c", "filter82Hz", "250"},
+        WriteCase{"FT1000MP", "01 00 00 00 8c", "filter82Hz", "2400"},
+        WriteCase{"FT1000MP", "02 00 00 04 8c", "filter455Hz", "6000"},
+        WriteCase{"FT1000MP", "02 00 00 01 8c", "filter455Hz", "2000"},
+        WriteCase{"FT1000MP", "02 00 00 02 8c", "filter82Hz", "0"}),
+    WriteCaseName);
+
+// A mode written with 0C and read back from the VFO record: byte 0 (the FT-1000MP's
+// alternate flag) and byte 7.
+struct ModeRecordCase {
+    const char* rig;
+    const char* write;
+    const char* bytes0and7;
+};
+
+class StatusBlockMode : public ::testing::TestWithParam<ModeRecordCase> {};
+
+TEST_P(StatusBlockMode, ReadsBackInTheRecord) {
+    auto rig = RigSim::create(GetParam().rig);
+    int64_t now = 0;
+    Ask(*rig, Hex(GetParam().write), now);
+    const QByteArray r = Ask(*rig, Hex("00 00 00 02 10"), now);
+    ASSERT_GT(r.size(), 7);
+    EXPECT_EQ((r.left(1) + r.mid(7, 1)).toHex(), GetParam().bytes0and7) << GetParam().write;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rigs, StatusBlockMode,
+    ::testing::Values(ModeRecordCase{"FRG100", "00 00 00 03 0c", "0002"},
+                      ModeRecordCase{"FRG100", "00 00 00 05 0c", "0003"},
+                      ModeRecordCase{"FRG100", "00 00 00 06 0c", "0004"},
+                      ModeRecordCase{"FT1000MP", "00 00 00 03 0c", "8002"},
+                      ModeRecordCase{"FT1000MP", "00 00 00 05 0c", "8003"},
+                      ModeRecordCase{"FT1000MP", "00 00 00 07 0c", "0004"},
+                      ModeRecordCase{"FT1000MP", "00 00 00 08 0c", "0005"},
+                      ModeRecordCase{"FT1000MP", "00 00 00 09 0c", "8005"},
+                      ModeRecordCase{"FT1000MP", "00 00 00 0b 0c", "8006"},
+                      ModeRecordCase{"FT920", "00 00 00 00 0c", "0000"},
+                      ModeRecordCase{"FT920", "00 00 00 02 0c", "0041"},
+                      ModeRecordCase{"FT920", "00 00 00 03 0c", "0001"},
+                      ModeRecordCase{"FT920", "00 00 00 07 0c", "0083"},
+                      ModeRecordCase{"FT920", "00 00 00 09 0c", "0004"},
+                      ModeRecordCase{"FT920", "00 00 00 0b 0c", "0006"},
+                      ModeRecordCase{"FT920", "00 00 00 04 0c  00 00 00 02 8c", "0082"},
+                      ModeRecordCase{"FT920", "00 00 00 01 0c  00 00 00 02 8c", "00c0"}),
+    [](const auto& info) {
+        return std::string(info.param.rig) + "_" + std::to_string(info.index);
+    });
+
+TEST(Ft920, ReportsVfoBInItsFlagsAndKeepsVfoAFirst) {
+    auto rig = RigSim::create("FT920");
+    int64_t now = 0;
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 01 fa"), now).left(2).toHex(), "0020");
+    Ask(*rig, Hex("00 00 00 01 05"), now);
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 01 fa"), now).left(1).toHex(), "03");  // RX and TX on B
+    Ask(*rig, Hex("00 00 00 01 01"), now);                                   // split: transmit on A
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 01 fa"), now).left(1).toHex(), "02");
+    const QByteArray r = Ask(*rig, Hex("00 00 00 02 10"), now);
+    ASSERT_EQ(r.size(), 28);
+    EXPECT_EQ(r.mid(1, 4).toHex(), "00d97010");   // VFO A: 14 250 000 Hz
+    EXPECT_EQ(r.mid(15, 4).toHex(), "006b9310");  // VFO B: 7 050 000 Hz
+}
+
+TEST(Ft920, ShowsTheTunerInItsFlags) {
+    auto rig = RigSim::create("FT920");
+    int64_t now = 0;
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 01 fa"), now).mid(2, 1).toHex(), "00");
+    Ask(*rig, Hex("00 00 00 01 81"), now);
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 01 fa"), now).mid(2, 1).toHex(), "02");
+}
+
+TEST(Ft1000mp, GivesTheVfoInUseAndBothInOrder) {
+    auto rig = RigSim::create("FT1000MP");
+    int64_t now = 0;
+    Ask(*rig, Hex("00 00 00 01 05"), now);
+    // 7 050 000 Hz times 1.6 is 0x00AC1E80.
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 02 10"), now).mid(1, 4).toHex(), "00ac1e80");
+    const QByteArray both = Ask(*rig, Hex("00 00 00 03 10"), now);
+    ASSERT_EQ(both.size(), 32);
+    EXPECT_EQ(both.mid(1, 4).toHex(), "015be680");   // VFO A: 14 250 000 Hz
+    EXPECT_EQ(both.mid(17, 4).toHex(), "00ac1e80");  // VFO B
+}
+
+TEST(Ft1000mp, ShowsItsBandwidthsInByte8) {
+    auto rig = RigSim::create("FT1000MP");
+    int64_t now = 0;
+    Ask(*rig, Hex("01 00 00 03 8c  02 00 00 00 8c"), now);  // 250 Hz at 8.2 MHz, 2.4 kHz at 455
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 02 10"), now).mid(8, 1).toHex(), "41");
+    Ask(*rig, Hex("01 00 00 04 8c  02 00 00 02 8c"), now);  // 6 kHz, 500 Hz
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 02 10"), now).mid(8, 1).toHex(), "03");
+}
+
+TEST(StatusBlockRigs, AnswerNoWrite) {
+    for (const char* name : {"FT920", "FT1000MP", "FRG100"}) {
+        auto rig = RigSim::create(name);
+        int64_t now = 0;
+        EXPECT_TRUE(Ask(*rig,
+                        Hex("00 00 00 01 05  00 00 00 07 0c  00 00 71 00 8a  00 00 00 02 8c"
+                            "00 00 00 0c 90  00 00 00 01 84  00 00 00 01 81"),
+                        now)
+                        .isEmpty())
+            << name;
+    }
+}
+
 TEST(Ft817Family, AnswersEachWriteWithOneByte) {
     auto rig = RigSim::create("FT897");
     int64_t now = 0;
