@@ -477,31 +477,60 @@ class StatusBlockRig : public FiveByteSim {
     bool mp_, ft920_, frg_;
 };
 
-// VR-5000: a receiver whose frequency is written in binary and never read back.
+// VR-5000: a receiver with a main and a sub receiver, whose frequencies are written in binary
+// and never read back. Nothing but the S-meter read is answered, and only in CAT mode.
 class Vr5000 : public FiveByteSim {
   protected:
+    // P1 of the mode commands; P2 is the tuning step's code.
+    static constexpr NamedCode kModes[] = {{"LSB", 0x00}, {"USB", 0x01}, {"CW", 0x02},
+                                           {"AM", 0x04},  {"WAM", 0x44}, {"AMN", 0x84},
+                                           {"WFM", 0x48}, {"FMN", 0x88}};
+
+    // Plain binary of tens of hertz, most significant byte first.
+    static int64_t BinaryHz(const Frame& f) {
+        const uint32_t tens = static_cast<uint32_t>(f.p1) << 24 |
+                              static_cast<uint32_t>(f.p2) << 16 | static_cast<uint32_t>(f.p3) << 8 |
+                              f.p4;
+        return static_cast<int64_t>(tens) * 10;
+    }
+
     void command(const Frame& f, int64_t now) override {
         RigState& s = state_;
+        if (f.opcode == 0x00 || f.opcode == 0x80) {
+            s.catOn = f.opcode == 0x00;
+            return;
+        }
+        if (!s.catOn) return;
         switch (f.opcode) {
-            case 0x00:
-                s.catOn = true;
-                return;
-            case 0x80:
-                s.catOn = false;
-                return;
             case 0xE7: {
-                if (!s.catOn) return;
                 const int level = signalLevel(now);
                 uint8_t b = static_cast<uint8_t>(0x13 + 2 * level);
                 if (level == 0 && !s.squelchOpen) b |= 0x80;
                 return reply(QByteArray(1, static_cast<char>(b)), now);
             }
-            case 0x01: {
-                if (!s.catOn) return;
-                const uint32_t tens = static_cast<uint32_t>(f.p1) << 24 |
-                                      static_cast<uint32_t>(f.p2) << 16 |
-                                      static_cast<uint32_t>(f.p3) << 8 | f.p4;
-                s.frequencyHz = static_cast<int64_t>(tens) * 10;
+            case 0x01:  // main receiver frequency
+                s.frequencyHz = BinaryHz(f);
+                return;
+            case 0x31:  // sub receiver frequency; all zero switches the sub receiver off
+                if (f.p1 == 0 && f.p2 == 0 && f.p3 == 0 && f.p4 == 0) {
+                    s.subOn = false;
+                    return;
+                }
+                s.vfoBHz = BinaryHz(f);
+                s.subOn = true;
+                return;
+            case 0x07:    // main receiver mode and step
+            case 0x37: {  // sub receiver mode and step
+                const QString mode = NameOf(kModes, f.p1);
+                if (mode.isEmpty()) return;
+                if (f.opcode == 0x07) {
+                    s.mode = mode;
+                    s.stepCode = f.p2;
+                } else {
+                    s.subMode = mode;
+                    s.subStepCode = f.p2;
+                    s.subOn = true;
+                }
                 return;
             }
             default:

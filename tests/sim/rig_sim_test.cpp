@@ -193,7 +193,7 @@ TEST_P(BinaryWrite, ChangesTheRig) {
     const QString name = c.rig;
     if (name == "FT847" || name == "VR5000") Ask(*rig, Hex("00 00 00 00 00"), now);  // CAT on
     Ask(*rig, Hex(c.frames), now);
-    EXPECT_EQ(Field(rig->state(), c.field), c.value) << c.frames;
+    EXPECT_EQ(Field(rig->state(), c.field).toStdString(), c.value) << c.frames;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -384,6 +384,40 @@ TEST(StatusBlockRigs, AnswerNoWrite) {
                         .isEmpty())
             << name;
     }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Vr5000, BinaryWrite,
+    ::testing::Values(WriteCase{"VR5000", "88 05 00 00 07", "mode", "FMN"},
+                      WriteCase{"VR5000", "88 05 00 00 07", "stepCode", "5"},
+                      WriteCase{"VR5000", "44 03 00 00 07", "mode", "WAM"},
+                      WriteCase{"VR5000", "48 0a 00 00 07", "mode", "WFM"},
+                      WriteCase{"VR5000", "84 02 00 00 07", "mode", "AMN"},
+                      WriteCase{"VR5000", "02 01 00 00 07  33 01 00 00 07", "mode", "CW"},
+                      WriteCase{"VR5000", "84 02 00 00 07", "subOn", "0"},
+                      WriteCase{"VR5000", "00 01 00 00 37", "subMode", "LSB"},
+                      WriteCase{"VR5000", "00 01 00 00 37", "subStepCode", "1"},
+                      WriteCase{"VR5000", "00 01 00 00 37", "subOn", "1"},
+                      WriteCase{"VR5000", "00 01 00 00 37", "mode", "USB"},
+                      // 145.500 MHz: 14 550 000 tens of hertz, 0x00DE03F0.
+                      WriteCase{"VR5000", "00 de 03 f0 31", "vfoBHz", "145500000"},
+                      WriteCase{"VR5000", "00 de 03 f0 31", "subOn", "1"},
+                      WriteCase{"VR5000", "00 de 03 f0 31", "frequencyHz", "14250000"},
+                      WriteCase{"VR5000", "00 de 03 f0 31  00 00 00 00 31", "subOn", "0"},
+                      WriteCase{"VR5000", "00 de 03 f0 31  00 00 00 00 31", "vfoBHz", "145500000"}),
+    WriteCaseName);
+
+TEST(Vr5000, TakesModesOnlyInCatModeAndAnswersNoWrite) {
+    auto rig = RigSim::create("VR5000");
+    int64_t now = 0;
+    Ask(*rig, Hex("88 05 00 00 07  00 de 03 f0 31"), now);
+    EXPECT_EQ(rig->state().mode, "USB");
+    EXPECT_FALSE(rig->state().subOn);
+    Ask(*rig, Hex("00 00 00 00 00"), now);
+    EXPECT_TRUE(Ask(*rig, Hex("88 05 00 00 07  00 de 03 f0 31  04 03 00 00 37"), now).isEmpty());
+    EXPECT_EQ(rig->state().mode, "FMN");
+    EXPECT_EQ(rig->state().subMode, "AM");
+    EXPECT_EQ(Ask(*rig, Hex("00 00 00 00 e7"), now).size(), 1);
 }
 
 TEST(Ft817Family, AnswersEachWriteWithOneByte) {
