@@ -27,6 +27,21 @@ inline const QString RigFRG100 = QStringLiteral("FRG100");
 inline const QString RigVR5000 = QStringLiteral("VR5000");
 inline const QString RigNotSet = QStringLiteral("Not set");
 
+// The rig classes that many commands share.
+inline bool IsFt817(const QString& rig) {
+    return rig == RigFT817 || rig == RigFT817ND;
+}
+inline bool IsFt857(const QString& rig) {
+    return rig == RigFT857 || rig == RigFT857D;
+}
+inline bool IsFt897(const QString& rig) {
+    return rig == RigFT897 || rig == RigFT897D;
+}
+// The FT-817, FT-857 and FT-897 families: they answer every write with one byte.
+inline bool IsAckFamily(const QString& rig) {
+    return IsFt817(rig) || IsFt857(rig) || IsFt897(rig);
+}
+
 enum class LinkFamily {
     None,         // "Not set"
     Bcd,          // five-byte frames, BCD frequency, most significant pair first

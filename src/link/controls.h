@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <cstdint>
@@ -34,6 +35,7 @@ struct CommandButton : Control {
     QString caption;
     Colour backColour = ButtonFace;
     bool bold = false;
+    bool pressed = false;  // buttons drawn as toggles stay down while pressed
 };
 
 struct CheckBox : Control {
@@ -49,6 +51,16 @@ struct OptionButton : Control {
 
 struct TextBox : Control {
     QString text;
+};
+
+struct ComboBox : Control {
+    QStringList list;
+    int listIndex = -1;  // -1: nothing chosen
+};
+
+// A frame groups controls; hiding it hides them all.
+struct Frame : Control {
+    QString caption;
 };
 
 struct Slider : Control {

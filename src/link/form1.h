@@ -94,9 +94,50 @@ struct Form1 {
     CommandButton cmdShiftSimplex{{true, true, {}}, "S"};
     CommandButton cmdShiftPlus{{true, true, {}}, "+"};
 
-    // Mode buttons; member 6 doubles as the FT-920's wide/narrow button.
+    // Mode buttons; member 6 doubles as the FT-847's narrow and the FT-920's wide/narrow
+    // button.
     std::array<CommandButton, 12> Command2{};
     Label lblNarrow{{true, false, {}}, "N"};
+
+    // Tone: the rig's list, encoder and decoder lights and the tone in use.
+    ComboBox cboCTCSS{{true, true, " CTCSS tone "}, {}, -1};
+    Label lblEnc{{true, true, " CTCSS encoder "}, "Enc", White};
+    Label lblDec{{true, true, " CTCSS decoder "}, "Dec", White};
+    Label lblCTCSSFreq{{true, true, " CTCSS tone frequency "}, "Freq"};
+
+    // Transmit.
+    CommandButton cmdTxRx{{false, true, " Transmit / receive "}, "tx/RX", White};
+    CommandButton cmd450Tune{{false, true, " Start the antenna tuner "}, "Tune"};
+
+    // VFO buttons and the meters panel button.
+    CommandButton cmdVFOtoggle{{true, false, " Swap VFO A and B "}, "VFO A/B"};
+    CommandButton cmdVFOSEqual{{true, false, " Copy this VFO to the other "}, "VFO A=B"};
+    CommandButton cmdVFOBOff{{true, false, " Switch the sub receiver off "}, "VFOB Off"};
+    CommandButton cmdMeters{{true, false, " Show the meters panel "}, "Meters"};
+    CommandButton cmdFT920StartTune{{true, true, {}}, "Start Tune"};
+    CheckBox chkShowDSP{{true, false, " Show the DSP panel "}, "showDSP"};
+
+    // The model frames; one at most is shown, by the rig in use.
+    Frame frmFRG100{{true, false, {}}, "FRG-100"};
+    Frame frmFT450{{true, false, {}}, "FT-450"};
+    Frame frmFT1000MP{{true, false, {}}, "FT-1000MP"};
+    Frame frmFT817{{true, false, {}}, "FT-817"};
+    Frame frmFT897{{true, false, {}}, "FT-897"};
+    Frame frmFT857{{true, false, {}}, "FT-857"};
+    Frame frmFT847{{true, false, {}}, "FT-847"};
+    Frame frmFT920{{true, false, {}}, "FT-920"};
+    Frame frmVR5000LSB{{true, false, {}}, "Step"};
+    Frame frmVR5000AM{{true, false, {}}, "Step"};
+    Frame frmVR5000WFM{{true, false, {}}, "Step"};
+    Frame frmVR5000FMN{{true, false, {}}, "Step"};
+    Label lblFT817{{true, true, {}}, {}};
+    Label Label14{{true, true, {}}, {}};  // the FT-897 frame's rig name
+    Label Label18{{true, true, {}}, {}};  // the FT-857 frame's rig name
+    // VR-5000 step options of the four mode groups.
+    std::array<OptionButton, 5> optLSBUSB{};
+    std::array<OptionButton, 9> optAM{};
+    std::array<OptionButton, 9> optFMN{};
+    std::array<OptionButton, 4> optWFM{};
 
     // FT-1000MP filter buttons of the 8.2 MHz and 455 kHz stages.
     std::array<CommandButton, 5> cmdFT1000MP_Filter_82{};
@@ -131,9 +172,20 @@ void ForEachConnectionControl(Form1& f, F&& fn) {
         fn(*b);
 }
 
-// The FT-450 DSP panel (the part the frequency read writes to).
+// The FT-450 DSP panel: its lights and sliders, which the requests read.
 struct Frm450DSP {
     Label lbl450Mode{{true, true, " Current operating mode "}, "Mode"};
+    Label lblSqlRFGain{{true, true, " Click to change state "}, "SQL or RF Gain"};
+    Label lbl450NoiseBlanker{{true, true, " Click to change state "}, "Noise Blanker", White};
+    Label lbl450NoiseReduction{{true, true, " Click to change state "}, "Noise reduction", White};
+    Label lbl450Notch{{true, true, " Click to change state "}, {}, White};
+    Slider sldNoiseReduction{{true, true, " Drag slider to change algorithm "}, 1, 1, 11};
+    Slider sldNotch{{true, true, {}}, 1, 1, 400};
+    Slider sldAFGain{{true, true, " Click to change state "}, 0, 0, 255};
+    Slider sldRFGain{{true, true, " Click to change state "}, 0, 0, 255};
+    Slider sldFilter{{true, true, {}}, 2, 1, 3};
+    std::array<Label, 6> lblContour{};      // 1..5
+    std::array<Label, 6> lblContourFreq{};  // 1..5
 };
 
 // The meters panel's VFO B display, filled by the FT-920's second read.

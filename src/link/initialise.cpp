@@ -2,6 +2,7 @@
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "link/start_stop.h"
+#include "shell/customise.h"
 
 namespace veldor {
 
@@ -176,8 +177,9 @@ void InitialiseVariables(Core& c) {
     s.MouseWAM = NumberSetting(c, "MouseWAM", "900");
     s.MouseFMN = NumberSetting(c, "MouseFMN", "1250");
     s.MouseWFM = NumberSetting(c, "MouseWFM", "5000");
-    // 18. Timed events, 19. window customisation for the rig, 20. screen size, 21. bands,
-    // banks and scan ranges, 22. the band and step lists: these join with their windows.
+    // 18. Timed events join with their window.
+    CustomiseForms(c);
+    // 21. Bands, banks and scan ranges, 22. the band and step lists join with their windows.
     s.ScreenSize = TextSetting(c, "ScreenSize", "Small");
     s.RescaleFonts = TextSetting(c, "RescaleFonts", "Yes");
 }

@@ -32,6 +32,7 @@ class SerialPort {
     virtual int outBufferCount() = 0;
     virtual void setRts(bool on) = 0;
     virtual void setDtr(bool on) = 0;
+    virtual bool rts() const = 0;  // the state the program last gave the line
     // The availability query: can the port be had now (answered by trying to open it)?
     virtual bool available(const QString& name) = 0;
 };

@@ -202,6 +202,15 @@ void OpenPorts(Core& c, const QString& port, const QString& speed) {
         ReportMessage(c, "PTT COM Port " + c.s.ExtraPttPort + ": " + reason);
 }
 
+void PutBcdDigits(Core& c, int32_t value) {
+    c.s.FrequencyDigits = basic::Format(value, "00000000");
+    for (int i = 0; i < 4; ++i) {
+        const int high = c.s.FrequencyDigits[2 * i].digitValue();
+        const int low = c.s.FrequencyDigits[2 * i + 1].digitValue();
+        c.s.CommandBytes[i] = static_cast<uint8_t>(high << 4 | low);
+    }
+}
+
 void PrepareFrequency(Core& c, int32_t& frequency) {
     const RigInfo* rig = FindRig(c.s.RigType);
     const LinkFamily family = rig ? rig->family : LinkFamily::None;
@@ -221,12 +230,7 @@ void PrepareFrequency(Core& c, int32_t& frequency) {
     switch (family) {
         case LinkFamily::Bcd:
         case LinkFamily::ReversedBcd: {
-            c.s.FrequencyDigits = basic::Format(frequency, "00000000");
-            for (int i = 0; i < 4; ++i) {
-                const int high = c.s.FrequencyDigits[2 * i].digitValue();
-                const int low = c.s.FrequencyDigits[2 * i + 1].digitValue();
-                bytes[i] = static_cast<uint8_t>(high << 4 | low);
-            }
+            PutBcdDigits(c, frequency);
             if (family == LinkFamily::ReversedBcd) {
                 // Byte 4 is the scratch of the swap; the opcode overwrites it later.
                 bytes[4] = bytes[0], bytes[0] = bytes[3], bytes[3] = bytes[4];

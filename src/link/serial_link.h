@@ -18,6 +18,8 @@ void ReadResponse(Core& c, int count);
 bool ReceiveData(Core& c);
 void OpenPorts(Core& c, const QString& port, const QString& speed);
 void PrepareFrequency(Core& c, int32_t& frequency);
+// Eight decimal digits of value into FrequencyDigits and, packed two to a byte, P1 to P4.
+void PutBcdDigits(Core& c, int32_t value);
 
 // Byte i of the last binary reply, as the unsigned value the rigs' manuals give.
 inline uint8_t ReplyByte(const Core& c, int i) {

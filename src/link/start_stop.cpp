@@ -4,6 +4,7 @@
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "protocol/read_frequency.h"
+#include "shell/customise.h"
 
 namespace veldor {
 
@@ -43,6 +44,7 @@ void Form_Load(Core& c, const QString& commandLine) {
                            .arg(VELDOR_VERSION_REVISION);
     c.f.caption = s.ProgramVersion + " " + s.AppName + " ";
     if (configGiven) c.f.caption += "  " + s.ConfigName;
+    CustomiseForms(c);
 
     // Placement: a position stored on a larger screen, or a negative one, starts at 0, 0.
     const int top = basic::CLng(basic::Val(GetSetting(c, s.AppName, "Settings", "MainTop", "10")));

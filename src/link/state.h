@@ -44,7 +44,7 @@ struct State {
     bool IgnoreNextTxStatus = false;
     bool SplitChangedByPoll = false;
     bool PendingSplit = false;
-    bool Ft817AgcSilenced = false;  // the AGC option is set by the poll, not the operator
+    bool Ft817AgcLocked = false;  // the AGC option is set by the poll, not the operator
     std::array<uint8_t, 6> FT1000Flags{};
     std::array<uint8_t, 8> FT920Flags{};
     std::array<uint8_t, 6> FT897Flags{};  // bytes at 0x0068, 0x006A and 0x00A8
@@ -122,6 +122,53 @@ struct State {
 
     // Display.
     bool ShowMemoryTag = false;
+
+    // Writing frequency and mode.
+    int32_t TargetFrequency = 0;
+    QString TargetMode;
+    QString LastModeSent;
+    bool ModeButtonPending = false;
+    int ModeButtonIndex = 0;
+    QString VR5000ModeLetter = "f";
+    QString VR5000ModeMain, VR5000ModeSub;
+    int32_t VR5000FrequencyMain = 0, VR5000FrequencySub = 0;
+    QString LastStepMode;
+    bool StepOptionsLocked = false;
+
+    // Tones and repeater shift.
+    QString LastToneState;
+    uint8_t ToneByte = 0, ToneByteHigh = 0, ToneByteLow = 0, ToneModeByte = 0;
+    bool ToneDisplayChanged = false;
+    QString LastShiftSent;
+    QString LastOffsetSent;
+    bool ShiftPending = false;
+    int32_t OffsetValue = 0;
+
+    // Transmit switching; the split pairs come from a grid row.
+    bool PttOnPending = false;
+    bool PttOffPending = false;
+    int32_t SplitTxFrequency = 0, SplitRxFrequency = 0;
+    QString SplitTxMode, SplitRxMode;
+
+    // Model controls: one request flag per operation, served by the tick in its order.
+    bool PendingFT920Tuner = false, PendingFT920StartTune = false;
+    bool PendingFT817AGC = false, PendingVfoSelect = false;
+    bool PendingFT1000Filter82 = false, PendingFT1000Filter455 = false;
+    bool PendingVfoToggle = false, PendingProcessor = false;
+    bool PendingFT450Tune = false, PendingFT450Tuner = false, PendingFT450Att = false;
+    bool PendingFT450AGC = false, PendingFT450Ipo = false, PendingFT450SqlRf = false;
+    bool PendingFT450VM = false, PendingNoiseBlanker = false, PendingFT450NR = false;
+    bool PendingFT450Notch = false, PendingFT450NRLevel = false, PendingFT450AFGain = false;
+    bool PendingFT450RFGain = false, PendingFT450NotchFreq = false, PendingFT450Filter = false;
+    bool PendingFT450Contour = false, PendingFT450ContourFreq = false;
+    bool PendingDNF = false, PendingDNR = false, PendingDBF = false, PendingLock = false;
+    bool PendingFast = false, PendingVfoEqual = false, PendingVfoBOff = false;
+    int Ft1000Filter455Index = 0, Ft1000Filter82Index = 0, Ft450AgcIndex = 0;
+    int Ft817AgcValue = 0;
+    QString VfoRequest = "A";
+    // The FT-450 DSP panel's values as the requests send them.
+    QString DspNoiseReductionLevel = "01", DspNotchFrequency = "001", DspFilterWidth = "02";
+    int DspContourLevelIndex = 3, DspContourFrequencyIndex = 3;
 
     // Tuning steps and mouse steps per mode group.
     int StepLSB = 33, StepUSB = 33, StepCW = 33, StepAM = 3, StepAMN = 67, StepWAM = 99,

@@ -2,11 +2,17 @@
 
 #include <exception>
 #include <new>
+#include <stdexcept>
 
 #include "link/catalogue.h"
 #include "link/poll_cycle.h"
 #include "link/serial_link.h"
 #include "link/start_stop.h"
+#include "protocol/model_controls.h"
+#include "protocol/read_frequency.h"
+#include "protocol/tones.h"
+#include "protocol/transmit.h"
+#include "protocol/write_frequency.h"
 
 namespace veldor {
 
@@ -75,6 +81,65 @@ void cmdTenMinCounter_Click(Core& c) {
 
 namespace {
 
+// The requests of the controls, served one after the other in this order at every tick. A
+// row without a flag runs at every tick. Rows of windows still to come join in their place.
+struct PendingAction {
+    bool State::*flag;
+    void (*action)(Core&);
+};
+constexpr PendingAction kPendingActions[] = {
+    {&State::PendingFT920Tuner, ToggleFt920Tuner},
+    {&State::PendingFT920StartTune, StartFt920Tune},
+    {&State::PttOffPending, PttOff},
+    {&State::PttOnPending, PttOn},
+    {nullptr,
+     [](Core& c) {
+         if (c.s.LinkRTS == "Y") FollowTxState(c);
+     }},
+    {&State::PendingFT817AGC, SetFt817Agc},
+    {&State::PendingVfoSelect, [](Core& c) { SelectVfo(c); }},
+    {&State::PendingFT1000Filter82, SetFilter82},
+    {&State::PendingFT1000Filter455, SetFilter455},
+    {&State::PendingVfoToggle, ToggleVfo},
+    {&State::PendingSplit, SetSplit},
+    {&State::PendingProcessor, ToggleProcessor},
+    {&State::PendingFT450Tune, Ft450Tune},
+    {&State::PendingFT450Tuner, Ft450Tuner},
+    {&State::PendingFT450Att, Ft450Attenuator},
+    {&State::PendingFT450AGC, Ft450Agc},
+    {&State::PendingFT450Ipo, Ft450Ipo},
+    {&State::PendingFT450SqlRf, Ft450SqlMode},
+    {&State::PendingFT450VM, Ft450VfoMemory},
+    {&State::PendingNoiseBlanker, ToggleNoiseBlanker},
+    {&State::PendingFT450NR, Ft450NoiseReduction},
+    {&State::PendingFT450Notch, Ft450Notch},
+    {&State::PendingFT450NRLevel, Ft450NoiseReductionLevel},
+    {&State::PendingFT450AFGain, Ft450AfGain},
+    {&State::PendingFT450RFGain, Ft450RfGain},
+    {&State::PendingFT450NotchFreq, Ft450NotchFrequency},
+    {&State::PendingFT450Filter, Ft450Filter},
+    {&State::PendingFT450Contour, Ft450Contour},
+    {&State::PendingFT450ContourFreq, Ft450ContourFrequency},
+    {&State::PendingDNF, ToggleDNF},
+    {&State::PendingDNR, ToggleDNR},
+    {&State::PendingDBF, ToggleDBF},
+    {&State::PendingLock, ToggleLock},
+    {&State::PendingFast, ToggleFast},
+    {&State::ShiftPending, ApplyRepeaterShift},
+    {&State::ModeButtonPending, ApplyModeButton},
+    {&State::PendingVfoEqual, VfoEqual},
+    {&State::PendingVfoBOff, VfoBOff},
+};
+
+void ChangeFrequency(Core& c) {
+    State& s = c.s;
+    s.FrequencyChangePending = false;
+    SetFrequencyAndMode(c, s.TargetFrequency, s.TargetMode);
+    ApplyRepeaterShift(c);
+    ReadFrequencyAndMode(c);
+    if (s.ReplyTimedOut) ReadFrequencyAndMode(c);
+}
+
 // The body of the tick; false ends it without restarting the timer.
 bool PollTick(Core& c) {
     State& s = c.s;
@@ -82,8 +147,10 @@ bool PollTick(Core& c) {
     c.f.lblTimeoutCount.backColour = ButtonFace;  // a timeout shows red for one tick
     if (s.RigType == RigNotSet) return false;
     if (c.p.MSComm1->isOpen()) {
-        // The pending actions, the frequency change, the scan and the sweep join here with
-        // their operations, before the reading.
+        for (const PendingAction& row : kPendingActions)
+            if (!row.flag || s.*(row.flag)) row.action(c);
+        if (s.FrequencyChangePending) ChangeFrequency(c);
+        // The scan and the sweep join here with their steps.
         if (!s.ScanRunning && !s.SpectrumRunning) PerformStatusUpdate(c);
     }
     if (s.SettingsRequested) Form_DblClick(c);
@@ -108,11 +175,19 @@ void tmrPollInterval_Timer(Core& c) {
         if (PollTick(c)) c.p.tmrPollInterval->setEnabled(true);
     } catch (const std::exception& e) {
         // Polling stays stopped until the connection is opened again.
-        const bool memory = dynamic_cast<const std::bad_alloc*>(&e) != nullptr;
+        int number = 5;
+        QString description = e.what();
+        if (dynamic_cast<const std::bad_alloc*>(&e)) {
+            number = 7;
+            description = "Out of memory";
+        } else if (dynamic_cast<const std::out_of_range*>(&e)) {
+            number = 9;
+            description = "Subscript out of range";
+        }
         c.p.dialogs->messageBox(QString("Error %1 (%2) in procedure tmrPollInterval_Timer of Form "
                                         "Form1")
-                                    .arg(memory ? 7 : 5)
-                                    .arg(memory ? "Out of memory" : e.what()),
+                                    .arg(number)
+                                    .arg(description),
                                 "VELDOR", MsgButtons::OK, MsgIcon::Critical);
     }
 }

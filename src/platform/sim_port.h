@@ -31,7 +31,7 @@ class SimPort : public SerialPort {
     // The rig behind the port; it lives on across a reopening, as a real rig does.
     // Made on first use, for the rig type of the moment.
     sim::RigSim* rig();
-    bool rts() const { return rts_; }
+    bool rts() const override { return rts_; }
     bool dtr() const { return dtr_; }
 
   private:

@@ -26,6 +26,7 @@ class SystemSerialPort : public SerialPort {
     int outBufferCount() override;
     void setRts(bool on) override;
     void setDtr(bool on) override;
+    bool rts() const override { return rts_; }
     bool available(const QString& name) override;
 
   private:

@@ -1,5 +1,8 @@
 #include "protocol/read_frequency.h"
 
+#include <algorithm>
+#include <climits>
+
 #include "basic/basic.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
@@ -299,6 +302,35 @@ QString FormatFrequency(Core& c, int32_t frequency) {
 QString FormatFrequencyShort(Core& c, int32_t frequency) {
     const QString d = NineDigits(frequency);
     return (d.left(d.size() - 5) + c.s.DecimalSeparator + d.right(5)).trimmed();
+}
+
+int32_t ParseFrequency(Core& c, const QString& input, bool quiet) {
+    const QString text = input.trimmed();
+    auto box = [&](const QString& message) {
+        c.p.dialogs->messageBox(message, "VELDOR", MsgButtons::OK, MsgIcon::None);
+        return -1;
+    };
+    if (!basic::IsNumeric(text)) return quiet ? -1 : box("Not a numeric number");
+    auto digitsOnly = [](const QString& t) {
+        return std::all_of(t.begin(), t.end(), [](QChar ch) { return ch.isDigit(); });
+    };
+    const qsizetype mark = text.indexOf(c.s.DecimalSeparator);
+    double value = 0;
+    if (mark < 0) {
+        value = basic::Val(text) * 100;  // kHz
+    } else {
+        const QString whole = text.left(mark);
+        const QString fraction = text.mid(mark + 1);
+        if (fraction.isEmpty() || !digitsOnly(fraction) || !digitsOnly(whole))
+            return box("Error converting from string " + text);
+        if (!whole.isEmpty()) value = basic::Val(whole) * 100000;
+        static constexpr int kScale[] = {0, 10000, 1000, 100, 10};
+        const qsizetype n = fraction.size();
+        // Digits beyond the fifth are dropped, not rounded.
+        value += n < 5 ? basic::Val(fraction) * kScale[n] : basic::Val(fraction.left(5));
+    }
+    if (value > INT32_MAX || value < INT32_MIN) return box("Error converting from string " + text);
+    return basic::CLng(value);
 }
 
 }  // namespace veldor

@@ -10,5 +10,8 @@ void ReadFrequencyAndMode(Core& c);
 QString FormatFrequency(Core& c, int32_t frequency);
 // 14.25000 MHz as "14.25000".
 QString FormatFrequencyShort(Core& c, int32_t frequency);
+// A typed frequency: MHz with the system's decimal mark ("14.25"), kHz without ("14250").
+// -1 for a text that is no frequency, after a box unless quiet.
+int32_t ParseFrequency(Core& c, const QString& text, bool quiet = false);
 
 }  // namespace veldor

@@ -12,11 +12,6 @@ bool IsFm(const Core& c) {
     return c.f.txtMode.text.left(2) == "FM";
 }
 
-bool IsFt817Family(const QString& rig) {
-    return rig == RigFT817 || rig == RigFT817ND || rig == RigFT857 || rig == RigFT857D ||
-           rig == RigFT897 || rig == RigFT897D;
-}
-
 void DecideByThreshold(Core& c) {
     c.s.SignalPresent = c.f.pbarSmeter.value >= c.f.pbarGotSignal.value;
 }
@@ -223,7 +218,7 @@ void ReadSignal(Core& c) {
         PauseWithEvents(c, c.f.sldSmeterDelay.value);
     }
     const QString& rig = s.RigType;
-    if (IsFt817Family(rig) || rig == RigFT847)
+    if (IsAckFamily(rig) || rig == RigFT847)
         ReadBcdRigSignal(c);
     else if (rig == RigFT450)
         ReadFt450Signal(c);
@@ -235,7 +230,7 @@ void ReadSignal(Core& c) {
 
 void ReadStatus(Core& c) {
     const QString& rig = c.s.RigType;
-    if (IsFt817Family(rig) || rig == RigFT847)
+    if (IsAckFamily(rig) || rig == RigFT847)
         ReadBcdRigStatus(c);
     else if (rig == RigFT450)
         ReadFt450Status(c);
@@ -269,7 +264,7 @@ void ReadFT817AGC(Core& c) {
     const int agc = ReplyByte(c, 1) & 0x03;
     if (c.f.optFT817AGC[agc].value) return;
     // Selecting the option must not send it back to the rig.
-    c.s.Ft817AgcSilenced = true;
+    c.s.Ft817AgcLocked = true;
     for (int i = 0; i < 4; ++i) c.f.optFT817AGC[i].value = i == agc;
 }
 

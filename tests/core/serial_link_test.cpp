@@ -260,7 +260,7 @@ TEST_F(Link, TheFt450OpensAsTextWithHandshakingAndRaisesRts) {
     OpenPorts(h.c, "2", "38400,N,8,2");
     EXPECT_TRUE(port().rtsCts);
     EXPECT_EQ(h.c.s.RaiseRTS, "Y");
-    EXPECT_TRUE(port().rts);
+    EXPECT_TRUE(port().rtsLine);
     EXPECT_EQ(port().openedSettings, "38400,N,8,2");
 }
 
@@ -269,8 +269,8 @@ TEST_F(Link, OtherRigsOpenWithoutHandshakingAndTheLinesAsStored) {
     h.c.s.RaiseDTR = "Y";
     OpenPorts(h.c, "2", "4800,N,8,2");
     EXPECT_FALSE(port().rtsCts);
-    EXPECT_FALSE(port().rts);
-    EXPECT_TRUE(port().dtr);
+    EXPECT_FALSE(port().rtsLine);
+    EXPECT_TRUE(port().dtrLine);
 }
 
 TEST_F(Link, AnExtraPttPortOnTheMainPortIsDisabledForTheRun) {

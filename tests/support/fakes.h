@@ -105,7 +105,7 @@ class ScriptedPort : public SerialPort {
     QByteArray allWritten() const;
     QString failReason;  // when set, open fails with it
     int opens = 0;
-    bool rts = false, dtr = false, rtsCts = false;
+    bool rtsLine = false, dtrLine = false, rtsCts = false;
     QString openedName, openedSettings;
     bool availableAnswer = true;
 
@@ -118,8 +118,9 @@ class ScriptedPort : public SerialPort {
     QByteArray input(int maxBytes) override;
     void output(const QByteArray& bytes) override;
     int outBufferCount() override { return 0; }
-    void setRts(bool on) override { rts = on; }
-    void setDtr(bool on) override { dtr = on; }
+    void setRts(bool on) override { rtsLine = on; }
+    void setDtr(bool on) override { dtrLine = on; }
+    bool rts() const override { return rtsLine; }
     bool available(const QString&) override { return availableAnswer; }
 
   private:

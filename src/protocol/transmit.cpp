@@ -1,0 +1,180 @@
+#include "protocol/transmit.h"
+
+#include "link/catalogue.h"
+#include "link/serial_link.h"
+#include "protocol/write_frequency.h"
+
+namespace veldor {
+
+namespace {
+
+void ShowReceive(CommandButton& b) {
+    b.backColour = White;
+    b.pressed = false;
+    b.caption = "tx/RX";
+}
+
+void ShowTransmit(CommandButton& b) {
+    b.backColour = Red;
+    b.pressed = true;
+    b.caption = "TX/rx";
+}
+
+// The FT-847 has no split of its own: it is moved to the other frequency of the pair.
+void MoveFt847(Core& c, int32_t frequency, const QString& mode) {
+    State& s = c.s;
+    if (c.f.chkSplit.value != 1) return;
+    s.TargetFrequency = frequency;
+    s.TargetMode = mode;
+    SetFrequencyAndMode(c, s.TargetFrequency, s.TargetMode);
+}
+
+void SaveLine(Core& c, const QString& key, const QString& value) {
+    SaveSetting(c, c.s.AppName, "Settings", key, value);
+}
+
+// The three RTS items exclude each other: turning one on turns the other two off.
+void ChooseRtsUse(Core& c, QString State::*chosen) {
+    State& s = c.s;
+    Form1& f = c.f;
+    const bool on = s.*chosen != "Y";
+    s.*chosen = on ? "Y" : "N";
+    if (on) {
+        for (QString State::*other : {&State::RaiseRTS, &State::LinkRTS, &State::TXRXcontrolsRTS})
+            if (other != chosen) s.*other = "N";
+    }
+    f.mnuRaiseRTS.checked = s.RaiseRTS == "Y";
+    f.mnuLinkRTS.checked = s.LinkRTS == "Y";
+    f.mnuTXRXcontrolsRTS.checked = s.TXRXcontrolsRTS == "Y";
+    SaveLine(c, "RaiseRTS", s.RaiseRTS);
+    SaveLine(c, "LinkRTS", s.LinkRTS);
+    SaveLine(c, "TXRXcontrolsRTS", s.TXRXcontrolsRTS);
+}
+
+}  // namespace
+
+void PttOn(Core& c) {
+    State& s = c.s;
+    const QString& rig = s.RigType;
+    PutParameters(c);
+    if (rig == RigFT847) {
+        MoveFt847(c, s.SplitTxFrequency, s.SplitTxMode);
+        PutParameters(c);
+        SendCommand(c, 0x08);
+    } else if (IsAckFamily(rig)) {
+        SendCommand(c, 0x08);
+        ReadResponse(c, 1);
+    } else if (rig == RigFT450) {
+        SendText(c, "TX1;");
+    } else if (rig == RigFT1000MP || rig == RigFT920) {
+        s.CommandBytes[3] = 0x01;
+        SendCommand(c, 0x0F);
+    }
+    s.Transmitting = true;
+    s.PttOnPending = false;
+}
+
+void PttOff(Core& c) {
+    State& s = c.s;
+    const QString& rig = s.RigType;
+    PutParameters(c);
+    if (rig == RigFT847) {
+        MoveFt847(c, s.SplitRxFrequency, s.SplitRxMode);
+        PutParameters(c);
+        SendCommand(c, 0x88);
+    } else if (IsAckFamily(rig)) {
+        SendCommand(c, 0x88);
+        ReadResponse(c, 1);
+        s.IgnoreNextTxStatus = true;
+    } else if (rig == RigFT450) {
+        SendText(c, "TX0;");
+    } else if (rig == RigFT1000MP || rig == RigFT920) {
+        s.CommandBytes[3] = 0x00;
+        SendCommand(c, 0x0F);
+    }
+    s.PttOffPending = false;
+    s.Transmitting = false;
+}
+
+void cmdTxRx_Click(Core& c) {
+    State& s = c.s;
+    Form1& f = c.f;
+    if (f.chkOnOff.value == 0 || f.chkTransmitEnable.value == 0) return;
+    if (s.SpectrumRunning || s.ScanRunning) return;
+    // Clicks on a disabled button do not reach here in the window; a test or a remote
+    // client may still call, and is refused the same way.
+    if (!f.cmdTxRx.enabled) return;
+    const bool toReceive = s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : s.Transmitting;
+    if (toReceive) {
+        ShowReceive(f.cmdTxRx);
+    } else {
+        ShowTransmit(f.cmdTxRx);
+    }
+    if (s.TXRXcontrolsRTS == "Y") {
+        // Only the line: the rig is keyed by RTS, and Transmitting stays as it was.
+        if (s.ExtraPttPortEnabled)
+            SetExtraPtt(c, !toReceive);
+        else
+            c.p.MSComm1->setRts(!toReceive);
+        return;
+    }
+    if (toReceive)
+        s.PttOffPending = true;
+    else
+        s.PttOnPending = true;
+    if (s.ExtraPttPortEnabled) SetExtraPtt(c, !toReceive);
+}
+
+void chkTransmitEnable_Click(Core& c) {
+    Form1& f = c.f;
+    const bool enabled = f.chkTransmitEnable.value == 1;
+    f.cmdTxRx.enabled = enabled;
+    f.cmd450Tune.enabled = enabled;
+    ShowReceive(f.cmdTxRx);
+    c.s.PttOffPending = true;
+}
+
+void SetExtraPtt(Core& c, bool state) {
+    SerialPort& port = *c.p.PttComPort;
+    switch (c.s.ExtraPttPortPins) {
+        case 0:
+            port.setDtr(state);
+            break;
+        case 1:
+            port.setRts(state);
+            break;
+        default:
+            port.setRts(state);
+            port.setDtr(state);
+            break;
+    }
+}
+
+void FollowTxState(Core& c) {
+    const bool onAir = c.f.lblTX.backColour == Red;
+    c.p.MSComm1->setRts(onAir);
+    SetExtraPtt(c, onAir);
+}
+
+void mnuRaiseDTR_Click(Core& c) {
+    State& s = c.s;
+    c.f.mnuRaiseDTR.checked = !c.f.mnuRaiseDTR.checked;
+    s.RaiseDTR = c.f.mnuRaiseDTR.checked ? "Y" : "N";
+    c.p.MSComm1->setDtr(c.f.mnuRaiseDTR.checked);
+    SaveLine(c, "RaiseDTR", s.RaiseDTR);
+}
+
+void mnuRaiseRTS_Click(Core& c) {
+    ChooseRtsUse(c, &State::RaiseRTS);
+    c.p.MSComm1->setRts(c.s.RaiseRTS == "Y");
+}
+
+void mnuLinkRTS_Click(Core& c) {
+    ChooseRtsUse(c, &State::LinkRTS);
+}
+
+void mnuTXRXcontrolsRTS_Click(Core& c) {
+    ChooseRtsUse(c, &State::TXRXcontrolsRTS);
+}
+
+}  // namespace veldor

@@ -1,0 +1,28 @@
+// The one road by which the program puts the rig on a frequency and a mode, and the mode
+// buttons.
+#pragma once
+
+#include "link/core.h"
+
+namespace veldor {
+
+// The nearest mode the current rig has.
+QString ModeForRig(const Core& c, const QString& mode);
+
+// Both take their arguments by reference: the mode becomes the rig's nearest mode, and a
+// VR-5000 frequency may be rounded to its step.
+void SetFrequencyAndMode(Core& c, int32_t& frequency, QString& mode);
+void SetFrequency(Core& c, int32_t& frequency);
+
+// Mode buttons: the click only asks; the poll tick writes through ApplyModeButton.
+void Command2_Click(Core& c, int index);
+void ApplyModeButton(Core& c);
+
+// The VR-5000 step options that belong to the mode shown.
+void ShowVR5000Steps(Core& c);
+
+// "14.250.00" in USB gives "14.250u00": the VR-5000's last frequency and mode, kept in the
+// store so that the receiver comes back where it was.
+void SaveVR5000LastFreqMode(Core& c, const QString& frequencyText);
+
+}  // namespace veldor
