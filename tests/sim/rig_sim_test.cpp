@@ -167,6 +167,14 @@ QString Field(const RigState& s, const QString& name) {
     if (name == "narrow") return s.narrow ? "1" : "0";
     if (name == "filter82Hz") return QString::number(s.filter82Hz);
     if (name == "filter455Hz") return QString::number(s.filter455Hz);
+    if (name == "ptt") return s.ptt ? "1" : "0";
+    if (name == "sqlIsRfGain") return s.sqlIsRfGain ? "1" : "0";
+    if (name == "memoryMode") return s.memoryMode ? "1" : "0";
+    if (name == "vfoEqualCount") return QString::number(s.vfoEqualCount);
+    if (name == "tunerState") return QString::number(s.tunerState);
+    if (name == "agc") return QString::number(s.agc);
+    if (name == "notchHz") return QString::number(s.notchHz);
+    if (name == "contour") return s.contour;
     ADD_FAILURE() << "no field " << name.toStdString();
     return {};
 }
@@ -496,13 +504,84 @@ TEST_P(Ft450Text, Answers) {
     EXPECT_EQ(Ask(*rig, GetParam().sent, now), GetParam().reply);
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, Ft450Text,
-                         ::testing::Values(TextCase{"ID;", "ID0241;"},
-                                           TextCase{"FA;", "FA14250000;"},
-                                           TextCase{"MD0;", "MD02;"}, TextCase{"XX;", "?;"},
-                                           TextCase{"AI0;", ""},
-                                           TextCase{"IF;", "IF00114250000+000000200000;"},
-                                           TextCase{"ID;FA;", "ID0241;FA14250000;"}));
+INSTANTIATE_TEST_SUITE_P(
+    Commands, Ft450Text,
+    ::testing::Values(
+        TextCase{"ID;", "ID0241;"}, TextCase{"FA;", "FA14250000;"}, TextCase{"MD0;", "MD02;"},
+        TextCase{"XX;", "?;"}, TextCase{"AI0;", ""}, TextCase{"IF;", "IF00114250000+000000200000;"},
+        TextCase{"ID;FA;", "ID0241;FA14250000;"},
+        // Each set command is read back by its query.
+        TextCase{"RA01;RA0;", "RA01;"}, TextCase{"RA01;RA00;RA0;", "RA00;"},
+        TextCase{"PA01;PA0;", "PA01;"}, TextCase{"GT02;GT0;", "GT02;"},
+        TextCase{"GT04;GT0;", "GT04;"}, TextCase{"AC001;AC;", "AC001;"},
+        TextCase{"AC002;AC;", "AC002;"}, TextCase{"AC001;AC000;AC;", "AC000;"},
+        TextCase{"SH0;", "SH016;"}, TextCase{"SH031;SH0;", "SH031;"},
+        TextCase{"SH000;SH0;", "SH000;"}, TextCase{"NB01;NB0;", "NB01;"},
+        TextCase{"NR01;NR0;", "NR01;"}, TextCase{"RL007;RL0;", "RL007;"},
+        TextCase{"AG0200;AG0;", "AG0200;"}, TextCase{"RG0255;RG0;", "RG0255;"},
+        TextCase{"BP00001;BP00;", "BP00001;"}, TextCase{"BP01400;BP01;", "BP01400;"},
+        TextCase{"CO00-1;CO00;", "CO00-1;"}, TextCase{"CO0120;CO01;", "CO0120;"},
+        TextCase{"EX0581;EX058;", "EX0581;"}, TextCase{"EX0581;EX0580;EX058;", "EX0580;"},
+        TextCase{"CN012CT01;CN0;CT0;", "CN012;CT01;"}, TextCase{"OS02;OS0;", "OS02;"},
+        // IF: memory state, tone mode, tone number and shift after the mode digit.
+        TextCase{"CN012CT01;OS02;IF;", "IF00114250000+000000201122;"},
+        TextCase{"CN008CT02;OS01;IF;", "IF00114250000+000000202081;"},
+        TextCase{"CT03;IF;", "IF00114250000+000000203000;"},
+        TextCase{"VM;IF;", "IF00114250000+000000210000;"},
+        // A set command without its ";" and the command glued to it.
+        TextCase{"MD08FA07074000;FA;MD0;", "FA07074000;MD08;"}, TextCase{"MD0BFA;", "FA14250000;"},
+        // VFO A=B: the other VFO takes the frequency of the one in use.
+        TextCase{"VS1;VV;FA;", "FA07050000;"}, TextCase{"VV;FB;", "FB14250000;"},
+        // Values the rig does not have.
+        TextCase{"MD0A;", "?;"}, TextCase{"GT07;", "?;"}, TextCase{"OS03;", "?;"},
+        TextCase{"VS2;", "?;"}, TextCase{"CT04;", "?;"}, TextCase{"AC003;", "?;"},
+        TextCase{"EX0582;", "?;"}, TextCase{"CN0;", "CN000;"}));
+
+class Ft450Write : public ::testing::TestWithParam<WriteCase> {};
+
+TEST_P(Ft450Write, ChangesTheRig) {
+    const WriteCase& c = GetParam();
+    auto rig = RigSim::create("FT450");
+    int64_t now = 0;
+    EXPECT_TRUE(Ask(*rig, c.frames, now).isEmpty()) << c.frames;
+    EXPECT_EQ(Field(rig->state(), c.field).toStdString(), c.value) << c.frames;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, Ft450Write,
+    ::testing::Values(
+        WriteCase{"", "CN012CT01;", "toneNumber", "12"},
+        WriteCase{"", "CN012CT01;", "toneMode", "squelch"},
+        WriteCase{"", "CN005CT02;", "toneMode", "encode"},
+        WriteCase{"", "CN005CT02;CT00;", "toneMode", "off"}, WriteCase{"", "OS01;", "shift", "+"},
+        WriteCase{"", "OS02;", "shift", "-"}, WriteCase{"", "OS01;OS00;", "shift", "0"},
+        WriteCase{"", "EX050006;", "offsetHz", "600000"},
+        WriteCase{"", "EX050076;", "offsetHz", "7600000"},
+        WriteCase{"", "EX0581;", "sqlIsRfGain", "1"}, WriteCase{"", "MD08", "mode", "USRL"},
+        WriteCase{"", "MD08FA07074000;", "mode", "USRL"},
+        WriteCase{"", "MD08FA07074000;", "frequencyHz", "7074000"},
+        WriteCase{"", "MD0C;", "mode", "USRU"}, WriteCase{"", "VV;", "vfoEqualCount", "1"},
+        WriteCase{"", "VV;", "vfoBHz", "14250000"}, WriteCase{"", "VM;", "memoryMode", "1"},
+        WriteCase{"", "VM;VM;", "memoryMode", "0"}, WriteCase{"", "AC002;", "tuneStarts", "1"},
+        WriteCase{"", "AC002;", "tunerState", "2"}, WriteCase{"", "GT01;", "agc", "1"},
+        WriteCase{"", "BP01123;", "notchHz", "123"}, WriteCase{"", "CO00-2;", "contour", "CO00-2"},
+        WriteCase{"", "TX1;", "ptt", "1"}, WriteCase{"", "TX1;TX0;", "ptt", "0"}),
+    [](const auto& info) { return std::to_string(info.index); });
+
+TEST(Ft450, TakesASetCommandByItsLengthAcrossWrites) {
+    auto rig = RigSim::create("FT450");
+    int64_t now = 0;
+    EXPECT_TRUE(Ask(*rig, "CN012", now).isEmpty());
+    EXPECT_EQ(rig->state().toneNumber, 12);
+    EXPECT_TRUE(Ask(*rig, "CT01;", now).isEmpty());
+    EXPECT_EQ(rig->state().toneMode, "squelch");
+    EXPECT_TRUE(Ask(*rig, "MD08", now).isEmpty());
+    EXPECT_EQ(rig->state().mode, "USRL");
+    EXPECT_TRUE(Ask(*rig, ";", now).isEmpty());  // the late end of "MD08"
+    EXPECT_EQ(Ask(*rig, ";", now), "?;");        // a second one is nothing
+    Ask(*rig, "MD01", now);
+    EXPECT_EQ(Ask(*rig, "IF;", now), "IF00114250000+000000101120;");
+}
 
 TEST(Ft450, TakesACommandSplitAcrossWrites) {
     auto rig = RigSim::create("FT450");
