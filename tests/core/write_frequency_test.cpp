@@ -1,0 +1,376 @@
+// Frequency and mode writes: the nearest mode, the bytes of every rig, the order of tone and
+// frequency, and the mode buttons.
+#include "protocol/write_frequency.h"
+#include "link/catalogue.h"
+#include "link/start_stop.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace veldor::test {
+namespace {
+
+// A rig whose replies are written by hand; what the program sent, as hex or text.
+struct Wire : ScriptedRig {
+    explicit Wire(const QString& rig, const QByteArray& reply = {}) : ScriptedRig(rig) {
+        if (!reply.isEmpty()) replies(reply);
+        c.s.ToneCode = c.s.ToneEncode = c.s.ToneDecode = "0";
+        c.s.LastToneState = "000";
+    }
+    QString hex() { return scriptedPort->allWritten().toHex(' '); }
+    QByteArray text() { return scriptedPort->allWritten(); }
+    void clear() { scriptedPort->written.clear(); }
+    void write(int32_t frequency, const QString& mode) {
+        QString m = mode;
+        SetFrequencyAndMode(c, frequency, m);
+    }
+};
+
+struct NearestCase {
+    const char* rig;
+    const char* mode;
+    const char* nearest;
+};
+
+TEST(ModeForRig, GivesTheNearestModeOfEachRig) {
+    const NearestCase cases[] = {
+        {"FT817", "WAM", "AM"},     {"FT817ND", "FMN", "FM"},   {"FT817", "PKTF", "PKT"},
+        {"FT817", "DIG", "DIG"},    {"FT857", "FMN", "FMN"},    {"FT897D", "CWRN", "CWR"},
+        {"FT847", "AMN", "AMN"},    {"FT847", "DIG", "LSB"},    {"FT847", "PKT", "FM"},
+        {"FT450", "DIG", "RTYL"},   {"FT450", "PKTL", "RTYL"},  {"FT450", "USRL", "USRL"},
+        {"FT920", "PKT", "PKTF"},   {"FT920", "AMS", "AM"},     {"FT920", "RTYU", "RTYU"},
+        {"FT1000MP", "WFM", "WFM"}, {"FT1000MP", "AMS", "AMS"}, {"FT1000MP", "FMN", "FM"},
+        {"FRG100", "CWR", "CW"},    {"FRG100", "CWN", "CWN"},   {"FRG100", "CWRN", "CW"},
+        {"VR5000", "FM", "FMN"},    {"VR5000", "PKT", "FMN"},   {"VR5000", "WAM", "WAM"},
+        {"VR5000", "RTYU", "USB"},  {"FT817", "AM", "AM"},      {"FT450", "", ""},
+        {"FT817", "XYZ", "XYZ"},    {"Not set", "WAM", "WAM"},
+    };
+    for (const NearestCase& t : cases) {
+        Harness h;
+        h.c.s.RigType = t.rig;
+        EXPECT_EQ(ModeForRig(h.c, t.mode), t.nearest) << t.rig << " " << t.mode;
+    }
+}
+
+// 14.250.00 in each rig's own form, with the mode already sent.
+struct FrequencyCase {
+    const char* rig;
+    bool vfoA;
+    const char* sent;
+};
+
+TEST(SetFrequencyAndMode, CodesTheFrequencyInEachRigsForm) {
+    const FrequencyCase cases[] = {
+        {"FT817", true, "01 42 50 00 01"},     {"FT847", true, "01 42 50 00 01"},
+        {"FT920", true, "00 50 42 01 0a"},     {"FT920", false, "00 50 42 01 8a"},
+        {"FT1000MP", false, "00 50 42 01 8a"}, {"FRG100", true, "00 50 42 01 0a"},
+        {"VR5000", true, "00 15 be 68 01"},    {"VR5000", false, "00 15 be 68 31"},
+    };
+    for (const FrequencyCase& t : cases) {
+        Wire w(t.rig, Bytes({0}));
+        w.c.s.VfoAActive = t.vfoA;
+        w.c.s.LastModeSent = "USB";
+        if (QString(t.rig) == "VR5000") w.c.s.LastModeSent = "USB";
+        w.write(1425000, "USB");
+        EXPECT_EQ(w.hex(), t.sent) << t.rig;
+    }
+    Wire ft450(RigFT450);
+    ft450.c.s.LastModeSent = "USB";
+    ft450.write(1425000, "USB");
+    EXPECT_EQ(ft450.text(), "FA14250000;");
+    ft450.clear();
+    ft450.c.s.VfoLetter = "B";
+    ft450.write(705000, "USB");
+    EXPECT_EQ(ft450.text(), "FB07050000;");
+}
+
+TEST(SetFrequencyAndMode, SendsTheModeOnlyWhenItChanges) {
+    Wire w(RigFT817, Bytes({0}));
+    w.write(1425000, "LSB");
+    EXPECT_EQ(w.hex(), "00 00 00 00 07 01 42 50 00 01");
+    EXPECT_EQ(w.c.s.LastModeSent, "LSB");
+    EXPECT_EQ(w.c.f.txtMode.text, "LSB");
+    w.clear();
+    w.write(1425100, "LSB");
+    EXPECT_EQ(w.hex(), "01 42 51 00 01");
+}
+
+TEST(SetFrequencyAndMode, TheFt817ReadsAnAcknowledgementAfterEachCommandTheFt847None) {
+    Wire ft817(RigFT817);  // a silent rig: every acknowledgement times out
+    ft817.write(1425000, "CW");
+    EXPECT_EQ(ft817.c.f.lblTimeoutCount.caption, "2");
+    Wire ft847(RigFT847);
+    ft847.write(1425000, "CW");
+    EXPECT_EQ(ft847.hex(), "02 00 00 00 07 01 42 50 00 01");
+    EXPECT_EQ(ft847.c.f.lblTimeoutCount.caption, "0");
+    EXPECT_FALSE(ft847.c.s.ReplyTimedOut);
+}
+
+struct ModeCase {
+    const char* rig;
+    const char* mode;
+    const char* sent;  // the mode command
+};
+
+TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
+    const ModeCase cases[] = {
+        {"FT817", "FMN", "08 00 00 00 07"},    {"FT857", "FMN", "88 00 00 00 07"},
+        {"FT847", "CWN", "82 00 00 00 07"},    {"FT847", "DIG", "00 00 00 00 07"},
+        {"FT897", "DIG", "0a 00 00 00 07"},    {"FT817", "PKT", "0c 00 00 00 07"},
+        {"FT1000MP", "AMS", "00 00 00 05 0c"}, {"FT920", "AMS", "00 00 00 04 0c"},
+        {"FT920", "FMN", "00 00 00 07 0c"},    {"FT920", "RTYU", "00 00 00 0a 0c"},
+        {"FRG100", "AMN", "00 00 00 05 0c"},   {"FRG100", "CWR", "00 00 00 02 0c"},
+        {"FT1000MP", "WFM", "00 00 00 07 0c"}, {"FT1000MP", "PKTL", "00 00 00 0a 0c"},
+    };
+    for (const ModeCase& t : cases) {
+        Wire w(t.rig, Bytes({0}));
+        w.write(1425000, t.mode);
+        EXPECT_EQ(w.hex().left(14), t.sent) << t.rig << " " << t.mode;
+    }
+}
+
+TEST(SetFrequencyAndMode, Ft450UserLsbGoesWithoutItsSemicolon) {
+    Wire w(RigFT450);
+    w.write(1425000, "USRL");
+    EXPECT_EQ(w.text(), "MD08FA14250000;");
+    w.clear();
+    w.write(1425000, "DIG");
+    EXPECT_EQ(w.text(), "MD06;FA14250000;");
+}
+
+TEST(SetFrequencyAndMode, AFrequencyOutsideTheRigSendsOnlyTheMode) {
+    Wire w(RigFT817, Bytes({0}));
+    w.write(99999999, "AM");
+    EXPECT_EQ(w.hex(), "04 00 00 00 07");
+    EXPECT_TRUE(w.c.s.FrequencyOutOfRange);
+    EXPECT_EQ(w.c.s.CurrentFrequency, 700000);
+}
+
+TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
+    Wire w(RigVR5000);
+    w.c.s.StepWAM = 0x63;
+    w.write(1425000, "WAM");
+    EXPECT_EQ(w.hex(), "44 63 00 00 07 00 15 be 68 01");
+    EXPECT_EQ(w.c.s.VR5000ModeMain, "a");
+    EXPECT_EQ(w.c.s.VR5000FrequencyMain, 1425000);
+    EXPECT_EQ(w.c.f.txtVfoA.text, "14.250.00");
+    EXPECT_EQ(w.c.s.VR5000LastFreqMode, "14.250a00");
+    EXPECT_EQ(w.stored("Settings", "VR5000LastFreqMode"), "14.250a00");
+    EXPECT_EQ(w.c.s.VR5000Step, 900);
+    EXPECT_TRUE(w.c.f.frmVR5000AM.visible);
+    EXPECT_FALSE(w.c.f.frmVR5000FMN.visible);
+    // "FM" is the narrow FM of the receiver, on its sub receiver.
+    w.clear();
+    w.c.s.VfoAActive = false;
+    w.write(14557500, "FM");
+    EXPECT_EQ(w.hex(), "88 14 00 00 37 00 de 21 3c 31");
+    EXPECT_EQ(w.c.s.VR5000ModeSub, "f");
+    EXPECT_EQ(w.c.s.VR5000FrequencySub, 14557500);
+}
+
+// Tones: on before the frequency, off after it, and after it when the decoder was on.
+TEST(SetFrequencyAndMode, ATonePutOnGoesBeforeTheFrequency) {
+    Wire w(RigFT817, Bytes({0}));
+    w.c.s.LastModeSent = "FM";
+    w.c.s.ToneCode = "8";  // 88.5 Hz
+    w.c.s.ToneEncode = "1";
+    w.write(14550000, "FM");
+    EXPECT_EQ(w.hex(), "08 85 00 00 0b 4a 85 00 00 0a 14 55 00 00 01");
+    EXPECT_EQ(w.c.s.LastToneState, "810");
+    EXPECT_EQ(w.c.f.lblEnc.backColour, Green);
+}
+
+TEST(SetFrequencyAndMode, AToneTakenOffGoesAfterTheFrequency) {
+    Wire w(RigFT817, Bytes({0}));
+    w.c.s.LastModeSent = "FM";
+    w.c.s.LastToneState = "810";
+    w.write(14550000, "FM");
+    EXPECT_EQ(w.hex(), "14 55 00 00 01 8a 00 00 00 0a");
+    EXPECT_EQ(w.c.s.ToneEncode, "0");
+    EXPECT_TRUE(w.c.s.ToneDisplayChanged);
+}
+
+TEST(SetFrequencyAndMode, WithTheDecoderOnANewToneGoesAfterTheFrequency) {
+    Wire w(RigFT847);
+    w.c.s.LastModeSent = "FM";
+    w.c.s.LastToneState = "801";
+    w.c.s.ToneCode = "9";
+    w.c.s.ToneDecode = "1";
+    w.write(14550000, "FM");
+    // Tone 91.5 Hz is the FT-847's code 59 (3B); decoder only is mode 2A.
+    EXPECT_EQ(w.hex(), "14 55 00 00 01 3b 00 00 00 0b 2a 00 00 00 0a");
+}
+
+TEST(SetFrequencyAndMode, TheFt1000mpAndTheReceiversSendNoTone) {
+    for (const QString& rig : {RigFT1000MP, RigFRG100}) {
+        Wire w(rig);
+        w.c.s.LastModeSent = "FM";
+        w.c.s.ToneEncode = "1";
+        w.write(2910000, "FM");
+        EXPECT_EQ(w.hex(), "00 00 91 02 0a") << rig.toStdString();
+    }
+}
+
+TEST(SetFrequency, LeavesTheModeAlone) {
+    Wire w(RigFT817, Bytes({0}));
+    w.c.s.LastModeSent = "LSB";
+    int32_t f = 705000;
+    SetFrequency(w.c, f);
+    EXPECT_EQ(w.hex(), "00 70 50 00 01");
+    EXPECT_EQ(w.c.s.LastModeSent, "LSB");
+}
+
+struct ButtonCase {
+    const char* rig;
+    int index;
+    const char* sent;
+    const char* mode;
+};
+
+TEST(ModeButtons, SendEachRigsCodeAndShowTheMode) {
+    const ButtonCase cases[] = {
+        {"FT847", 3, "08 00 00 00 07", "FM"},
+        {"FT817", 6, "0a 00 00 00 07", "DIG"},
+        {"FT857D", 8, "88 00 00 00 07", "FMN"},
+        {"FT817", 8, "", "USB"},
+        {"FRG100", 5, "00 00 00 03 0c", "CWN"},
+        {"FT1000MP", 11, "00 00 00 05 0c", "AMS"},
+        {"FT1000MP", 6, "", "USB"},
+        {"FT920", 3, "00 00 00 03 0c", "CWR"},
+        {"FT920", 6, "00 00 00 02 8c", "USB"},
+        {"FT920", 10, "00 00 00 09 0c", "RTYL"},
+    };
+    for (const ButtonCase& t : cases) {
+        Wire w(t.rig, Bytes({0}));
+        w.c.f.txtMode.text = "USB";
+        w.c.s.ModeButtonIndex = t.index;
+        w.c.s.ModeButtonPending = true;
+        ApplyModeButton(w.c);
+        EXPECT_EQ(w.hex(), t.sent) << t.rig << " " << t.index;
+        EXPECT_EQ(w.c.f.txtMode.text, t.mode);
+        EXPECT_EQ(w.c.s.LastModeSent, t.mode);
+        EXPECT_FALSE(w.c.s.ModeButtonPending);
+    }
+}
+
+TEST(ModeButtons, Ft450SendsItsTextWithTheSemicolon) {
+    Wire w(RigFT450);
+    w.c.s.ModeButtonIndex = 7;
+    ApplyModeButton(w.c);
+    EXPECT_EQ(w.text(), "MD08;");
+    EXPECT_EQ(w.c.f.txtMode.text, "USRL");
+}
+
+TEST(ModeButtons, TheFt847NarrowButtonNarrowsTheModeShown) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"CW", "82"}, {"CWRN", "83"}, {"AM", "84"}, {"FMN", "88"}};
+    for (const auto& [shown, code] : cases) {
+        Wire w(RigFT847);
+        w.c.f.txtMode.text = shown;
+        w.c.s.ModeButtonIndex = 6;
+        ApplyModeButton(w.c);
+        EXPECT_EQ(w.hex(), QString(code) + " 00 00 00 07");
+    }
+    Wire usb(RigFT847);
+    usb.c.f.txtMode.text = "USB";
+    usb.c.s.ModeButtonIndex = 6;
+    ApplyModeButton(usb.c);
+    EXPECT_TRUE(usb.hex().isEmpty());
+    EXPECT_EQ(usb.c.s.LastModeSent, "USB");
+}
+
+TEST(ModeButtons, Vr5000ButtonsSendModeAndStepAndRememberTheChannel) {
+    Wire w(RigVR5000);
+    w.c.f.txtVfoA.text = "14.250.00";
+    w.c.s.StepUSB = 0x02;
+    w.c.s.ModeButtonIndex = 7;
+    ApplyModeButton(w.c);
+    EXPECT_EQ(w.hex(), "01 02 00 00 07");
+    EXPECT_EQ(w.c.f.txtMode.text, "USB");
+    EXPECT_EQ(w.c.s.VR5000ModeMain, "USB");
+    EXPECT_EQ(w.c.s.VR5000Step, 10);
+    EXPECT_TRUE(w.c.f.optLSBUSB[1].value);
+    EXPECT_EQ(w.stored("Settings", "VR5000LastFreqMode"), "14.250u00");
+    // A member the receiver has no button for changes nothing.
+    w.clear();
+    w.c.s.ModeButtonIndex = 5;
+    ApplyModeButton(w.c);
+    EXPECT_TRUE(w.hex().isEmpty());
+    EXPECT_EQ(w.c.s.LastModeSent, "USB");
+}
+
+TEST(ModeButtons, AClickWhileTransmittingIsLost) {
+    Wire w(RigFT817, Bytes({0}));
+    w.c.s.Transmitting = true;
+    w.c.s.ModeButtonPending = true;
+    w.c.s.ModeButtonIndex = 0;
+    ApplyModeButton(w.c);
+    EXPECT_FALSE(w.c.s.ModeButtonPending);
+    EXPECT_TRUE(w.hex().isEmpty());
+}
+
+// A connected station on the simulated rig, with polling off so that only the writes of the
+// tick reach the rig.
+struct OnAir : Station {
+    explicit OnAir(const QString& rigType) : Station(rigType) {
+        load();
+        switchOn();
+        c.s.PollingDelay = 99;
+        c.s.ForceUpdate = false;
+        tick();
+        rig().clearTrace();
+    }
+    void tick() { tmrPollInterval_Timer(c); }
+};
+
+TEST(ModeButtons, AClickSendsNothingUntilTheNextTick) {
+    OnAir st(RigFT857);
+    Command2_Click(st.c, 8);
+    Command2_Click(st.c, 8);
+    EXPECT_TRUE(st.rigReceived().isEmpty());
+    st.tick();
+    EXPECT_EQ(st.rigReceived().toHex(' '), "88 00 00 00 07");
+    EXPECT_EQ(st.rig().state().mode, "FMN");
+    st.rig().clearTrace();
+    st.tick();
+    EXPECT_TRUE(st.rigReceived().isEmpty());
+}
+
+TEST(ModeButtons, DoNothingWhileSwitchedOff) {
+    Harness h;
+    Command2_Click(h.c, 2);
+    EXPECT_FALSE(h.c.s.ModeButtonPending);
+}
+
+// Every rig goes where the tick's frequency change tells it, as the simulator decodes it.
+struct RoundTrip {
+    const char* rig;
+    int32_t frequency;
+    const char* mode;
+    int64_t hz;
+    const char* simMode;
+};
+
+TEST(FrequencyChange, EveryRigArrivesOnTheFrequencyAndMode) {
+    const RoundTrip cases[] = {
+        {"FT817", 707400, "LSB", 7074000, "LSB"},    {"FT817ND", 14557500, "FMN", 145575000, "FM"},
+        {"FT847", 43350000, "FM", 433500000, "FM"},  {"FT857", 2107400, "DIG", 21074000, "DIG"},
+        {"FT857D", 5025000, "USB", 50250000, "USB"}, {"FT897", 14500000, "FMN", 145000000, "FMN"},
+        {"FT897D", 352500, "CWR", 3525000, "CWR"},   {"FT450", 707400, "RTYL", 7074000, "RTYL"},
+        {"FT920", 2810000, "CWR", 28100000, "CWR"},  {"FT1000MP", 1810000, "AMS", 18100000, "AMS"},
+        {"FRG100", 603000, "AM", 6030000, "AM"},     {"VR5000", 9880000, "WFM", 98800000, "WFM"},
+    };
+    for (const RoundTrip& t : cases) {
+        OnAir st(t.rig);
+        st.c.s.TargetFrequency = t.frequency;
+        st.c.s.TargetMode = t.mode;
+        st.c.s.FrequencyChangePending = true;
+        st.tick();
+        EXPECT_EQ(st.rig().state().frequencyHz, t.hz) << t.rig;
+        EXPECT_EQ(st.rig().state().mode, t.simMode) << t.rig;
+        EXPECT_FALSE(st.c.s.FrequencyChangePending);
+    }
+}
+
+}  // namespace
+}  // namespace veldor::test
