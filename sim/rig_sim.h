@@ -57,18 +57,18 @@ struct RigState {
     // Repeater settings. The tone is kept as the rig holds it: in tenths of a hertz where the
     // command carries the frequency in BCD (FT-817/857/897), and as the rig's own tone number
     // where it carries a number (FT-847 code byte, FT-450 "CN", FT-920 opcode 90).
-    int toneDeciHz = 0;          // FT-817/857/897 encoder tone; FT-857/897 also decoder below
-    int toneDecodeDeciHz = 0;    // FT-857/897: the second tone of opcode 0B
-    int toneNumber = -1;         // FT-847, FT-450, FT-920; -1 never set
-    int toneDecodeNumber = -1;   // FT-920: P3 of opcode 90
-    QString toneMode = "off";    // "off", "encode" (encoder only), "squelch" (encode+decode)
-    QString shift = "0";         // "0" simplex, "-", "+"
-    int64_t offsetHz = 0;        // repeater offset
+    int toneDeciHz = 0;         // FT-817/857/897 encoder tone; FT-857/897 also decoder below
+    int toneDecodeDeciHz = 0;   // FT-857/897: the second tone of opcode 0B
+    int toneNumber = -1;        // FT-847, FT-450, FT-920; -1 never set
+    int toneDecodeNumber = -1;  // FT-920: P3 of opcode 90
+    QString toneMode = "off";   // "off", "encode" (encoder only), "squelch" (encode+decode), "dcs"
+    QString shift = "0";        // "0" simplex, "-", "+"
+    int64_t offsetHz = 0;       // repeater offset
     // VR-5000 sub receiver and tuning steps.
     bool subOn = false;
     QString subMode = "AM";
     uint8_t stepCode = 0, subStepCode = 0;
-    // FT-920: antenna tuner, its tuning runs and the narrow filter.
+    // FT-920: antenna tuner, its tuning runs (also the FT-450's "AC002;") and the narrow filter.
     bool tunerIn = false;
     int tuneStarts = 0;
     bool narrow = false;
@@ -76,12 +76,13 @@ struct RigState {
     int filter82Hz = 0, filter455Hz = 0;
     // FT-450 functions as set by text commands, read back by the matching query.
     bool attenuator = false, ipo = false, noiseBlanker = false, noiseReduction = false;
-    bool notch = false, memoryMode = false, sqlIsRfGain = false;
-    int agc = 0;             // GT digit: 0 off, 1 fast, 2 slow, 4 auto
-    int tunerState = 0;      // AC: 0 off, 1 on, 2 tuning started
+    bool notch = false, memoryMode = false;
+    bool sqlIsRfGain = false;  // "EX0581;": the SQL/RF knob works as RF gain; "EX0580;": squelch
+    int agc = 0;               // GT digit: 0 off, 1 fast, 2 slow, 4 auto
+    int tunerState = 0;        // AC: 0 off, 1 on, 2 tuning started
     int nrLevel = 0, afGain = 0, rfGain = 0, notchHz = 0, width = 16;
     QString contour = "CO0000", contourFrequency = "CO0114";
-    int vfoEqualCount = 0;   // "VV;" received
+    int vfoEqualCount = 0;  // "VV;" received
 };
 
 class RigSim {

@@ -134,7 +134,16 @@ void WriteState(RigSim& rig, const QString& path) {
                              .arg(int(s.split))
                              .arg(int(s.ptt))
                              .arg(int(s.catOn))
-                             .arg(int(s.poweredOn));
+                             .arg(int(s.poweredOn)) +
+                         // The tone as the rig holds it: tenths of a hertz, or its number.
+                         QString(
+                             "toneMode=%1\ntoneDeciHz=%2\ntoneNumber=%3\nshift=%4\n"
+                             "offset=%5\n")
+                             .arg(s.toneMode)
+                             .arg(s.toneDeciHz)
+                             .arg(s.toneNumber)
+                             .arg(s.shift)
+                             .arg(s.offsetHz);
     const QByteArray tmp = (path + ".tmp").toLocal8Bit();
     if (FILE* out = std::fopen(tmp.constData(), "w")) {
         const QByteArray bytes = text.toLatin1();
