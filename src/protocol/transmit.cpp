@@ -101,9 +101,6 @@ void cmdTxRx_Click(Core& c) {
     Form1& f = c.f;
     if (f.chkOnOff.value == 0 || f.chkTransmitEnable.value == 0) return;
     if (s.SpectrumRunning || s.ScanRunning) return;
-    // Clicks on a disabled button do not reach here in the window; a test or a remote
-    // client may still call, and is refused the same way.
-    if (!f.cmdTxRx.enabled) return;
     const bool toReceive = s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : s.Transmitting;
     if (toReceive) {
         ShowReceive(f.cmdTxRx);
