@@ -2,6 +2,8 @@
 // in their ranges, and the link's counters and messages apply.
 #include "link/catalogue.h"
 #include "link/poll_cycle.h"
+#include "link/start_stop.h"
+#include "protocol/write_frequency.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +44,90 @@ TEST_P(AnyReply, NeverBreaksAReading) {
     }
     // Every reading went to the rig, whatever the last one brought back.
     EXPECT_GE(h.scriptedPort->written.size(), 200u);
+}
+
+// Every request of every control at once, tick after tick, against a rig that answers
+// garbage: the tick never fails, and the program keeps running.
+TEST_P(AnyReply, NeverBreaksAWrite) {
+    ScriptedRig h(*GetParam());
+    h.c.s.PollingDelay = 99;
+    std::mt19937 random(4242);
+    h.scriptedPort->answer = [&](const QByteArray&) {
+        QByteArray reply;
+        const int length = static_cast<int>(random() % 12);
+        for (int i = 0; i < length; ++i) reply.append(static_cast<char>(random() % 256));
+        if (*GetParam() == RigFT450) reply.replace('?', '!').append(';');
+        return reply;
+    };
+    State& s = h.c.s;
+    for (int tick = 0; tick < 40; ++tick) {
+        for (bool State::*flag : {&State::PendingFT920Tuner,
+                                  &State::PendingFT920StartTune,
+                                  &State::PttOffPending,
+                                  &State::PttOnPending,
+                                  &State::PendingFT817AGC,
+                                  &State::PendingVfoSelect,
+                                  &State::PendingFT1000Filter82,
+                                  &State::PendingFT1000Filter455,
+                                  &State::PendingVfoToggle,
+                                  &State::PendingSplit,
+                                  &State::PendingProcessor,
+                                  &State::PendingFT450Tune,
+                                  &State::PendingFT450Tuner,
+                                  &State::PendingFT450Att,
+                                  &State::PendingFT450AGC,
+                                  &State::PendingFT450Ipo,
+                                  &State::PendingFT450SqlRf,
+                                  &State::PendingFT450VM,
+                                  &State::PendingNoiseBlanker,
+                                  &State::PendingFT450NR,
+                                  &State::PendingFT450Notch,
+                                  &State::PendingFT450NRLevel,
+                                  &State::PendingFT450AFGain,
+                                  &State::PendingFT450RFGain,
+                                  &State::PendingFT450NotchFreq,
+                                  &State::PendingFT450Filter,
+                                  &State::PendingFT450Contour,
+                                  &State::PendingFT450ContourFreq,
+                                  &State::PendingDNF,
+                                  &State::PendingDNR,
+                                  &State::PendingDBF,
+                                  &State::PendingLock,
+                                  &State::PendingFast,
+                                  &State::ShiftPending,
+                                  &State::ModeButtonPending,
+                                  &State::PendingVfoEqual,
+                                  &State::PendingVfoBOff,
+                                  &State::FrequencyChangePending})
+            s.*flag = true;
+        s.ModeButtonIndex = static_cast<int>(random() % 14) - 1;
+        s.Ft1000Filter455Index = static_cast<int>(random() % 7) - 1;
+        s.Ft450AgcIndex = static_cast<int>(random() % 6) - 1;
+        s.TargetFrequency = static_cast<int32_t>(random() % 50000000);
+        s.TargetMode = QString(ModeNames).split('|', Qt::SkipEmptyParts)[random() % 21];
+        s.TargetShift = QString("0-+x")[static_cast<int>(random() % 4)];
+        s.ToneCode = QString::number(random() % 39);
+        s.ToneEncode = QString::number(random() % 2);
+        s.ToneDecode = QString::number(random() % 2);
+        s.VfoRequest = random() % 2 ? "A" : "B";
+        h.c.f.txtVfoA.text = random() % 2 ? "14.250.00" : "";
+        h.c.f.chkSplit.value = static_cast<int>(random() % 2);
+        h.c.f.chkOnOff.value = 1;
+        tmrPollInterval_Timer(h.c);
+        ASSERT_TRUE(h.dialogs.messages.empty() ||
+                    !h.dialogs.messages.back().text.startsWith("Error "))
+            << h.dialogs.messages.back().text.toStdString();
+        ASSERT_FALSE(s.SendBusy || s.ReceiveBusy);
+    }
+    // With the port closed nothing is written, and nothing fails.
+    h.scriptedPort->close();
+    h.scriptedPort->written.clear();
+    int32_t frequency = 1425000;
+    QString mode = "FM";
+    s.ToneEncode = "1";
+    s.LastToneState.clear();
+    ASSERT_NO_THROW(SetFrequencyAndMode(h.c, frequency, mode));
+    EXPECT_TRUE(h.scriptedPort->written.empty());
 }
 
 const QString* const kEveryRig[] = {&RigFT817,  &RigFT817ND,  &RigFT847,  &RigFT857,
