@@ -36,6 +36,44 @@ for row in "${rows[@]}"; do
     else
         echo "ok   $rig: read 14074000, set 7074000"
     fi
+    # Writes that Hamlib encodes on its own: the simulated rig must decode them alike.
+    timeout 20 rigctl -m "$model" -r "$tty" -s "$baud" M LSB 0 >/dev/null 2>&1
+    sleep 0.2
+    if grep -qx "mode=LSB" "$state"; then
+        echo "ok   $rig: set mode LSB"
+    else
+        echo "FAIL $rig: rigctl set LSB, the rig has $(grep '^mode=' "$state")"
+        failures=$((failures + 1))
+    fi
+    if [ "$rig" != FRG100 ]; then
+        timeout 20 rigctl -m "$model" -r "$tty" -s "$baud" T 1 >/dev/null 2>&1
+        sleep 0.2
+        keyed=$(grep '^ptt=' "$state")
+        timeout 20 rigctl -m "$model" -r "$tty" -s "$baud" T 0 >/dev/null 2>&1
+        sleep 0.2
+        if [ "$keyed" = "ptt=1" ] && grep -qx "ptt=0" "$state"; then
+            echo "ok   $rig: keyed and unkeyed"
+        else
+            echo "FAIL $rig: PTT on gave '$keyed', off gave $(grep '^ptt=' "$state")"
+            failures=$((failures + 1))
+        fi
+    fi
+    case "$rig" in FT817 | FT857 | FT897)
+        # Repeater: tone 88.5 Hz, minus shift, 600 kHz offset.
+        for args in "C 885" "R -" "O 600000"; do
+            # shellcheck disable=SC2086
+            timeout 20 rigctl -m "$model" -r "$tty" -s "$baud" $args >/dev/null 2>&1
+        done
+        sleep 0.2
+        if grep -qx "toneDeciHz=885" "$state" && grep -qx "shift=-" "$state" &&
+            grep -qx "offset=600000" "$state"; then
+            echo "ok   $rig: tone, shift and offset"
+        else
+            echo "FAIL $rig: repeater settings: $(grep -E '^(tone|shift|offset)' "$state" | tr '\n' ' ')"
+            failures=$((failures + 1))
+        fi
+        ;;
+    esac
     kill "$sim"; wait "$sim" 2>/dev/null
 done
 [ "$failures" -eq 0 ]
