@@ -3,6 +3,7 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "protocol/model_controls.h"
 
 namespace veldor {
 
@@ -95,9 +96,11 @@ void ReadMeterBlockSignal(Core& c) {
 void FollowSplit(Core& c, bool on) {
     CheckBox& split = c.f.chkSplit;
     if (on == (split.value == 1)) return;
-    // The click this change causes must not send anything back to the rig.
+    // A value set from code raises the box's click, as the operator's would; the mark makes
+    // that click send nothing back to the rig.
     c.s.SplitChangedByPoll = true;
     split.value = on ? 1 : 0;
+    chkSplit_Click(c);
 }
 
 void ShowRigModeByte(Core& c, uint8_t b) {

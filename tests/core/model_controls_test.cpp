@@ -190,9 +190,12 @@ TEST(Split, AChangeTheRigMadeItselfIsNotSentBack) {
     st.rig().state().ptt = true;  // the rig reports split only while transmitting
     st.tick();
     ASSERT_EQ(st.c.f.chkSplit.value, 1);
-    chkSplit_Click(st.c);  // the event the window raises for the changed box
     EXPECT_FALSE(st.c.s.PendingSplit);
     EXPECT_FALSE(st.c.s.SplitChangedByPoll);
+    // The operator's own click afterwards goes to the rig.
+    st.c.f.chkSplit.value = 0;
+    chkSplit_Click(st.c);
+    EXPECT_TRUE(st.c.s.PendingSplit);
 }
 
 TEST(VfoToggle, EachRigSwapsItsWay) {

@@ -182,7 +182,9 @@ TEST(TxStatus, SplitFollowsTheRigWhileTransmittingButNeverOnTheFt847) {
     h.replies(QByteArray::fromHex("28"));
     ReadStatus(h.c);
     EXPECT_EQ(h.c.f.chkSplit.value, 1);
-    EXPECT_TRUE(h.c.s.SplitChangedByPoll);
+    // The box's click ran and sent nothing back.
+    EXPECT_FALSE(h.c.s.SplitChangedByPoll);
+    EXPECT_FALSE(h.c.s.PendingSplit);
     const size_t sent = h.scriptedPort->written.size();
     ReadStatus(h.c);
     EXPECT_EQ(h.scriptedPort->written.size(), sent + 1);  // only the status read itself
