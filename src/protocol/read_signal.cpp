@@ -266,9 +266,10 @@ void ReadFT817AGC(Core& c) {
     if (c.s.ReplyTimedOut) return;
     const int agc = ReplyByte(c, 1) & 0x03;
     if (c.f.optFT817AGC[agc].value) return;
-    // Selecting the option must not send it back to the rig.
+    // Selecting the option raises its click, which the mark keeps from going back to the rig.
     c.s.Ft817AgcLocked = true;
     for (int i = 0; i < 4; ++i) c.f.optFT817AGC[i].value = i == agc;
+    optFT817AGC_Click(c, agc);
 }
 
 }  // namespace veldor

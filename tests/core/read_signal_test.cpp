@@ -253,7 +253,8 @@ TEST(Ft817Agc, SelectsTheRigsAgcWithoutSendingIt) {
     h.replies(QByteArray::fromHex("0002"));
     ReadFT817AGC(h.c);
     EXPECT_TRUE(h.c.f.optFT817AGC[2].value);
-    EXPECT_TRUE(h.c.s.Ft817AgcLocked);
+    EXPECT_FALSE(h.c.s.Ft817AgcLocked);
+    EXPECT_FALSE(h.c.s.PendingFT817AGC);
     EXPECT_EQ(h.scriptedPort->allWritten().toHex(' '), "00 56 00 00 bb");
 }
 
