@@ -412,6 +412,10 @@ void optFT817AGC_Click(Core& c, int index) {
     c.s.PendingFT817AGC = true;
 }
 
+void mnuFT817AGCmonitor_Click(Core& c) {
+    c.f.mnuFT817AGCmonitor.checked = !c.f.mnuFT817AGCmonitor.checked;
+}
+
 void cmdFT1000MP_Filter_455_Click(Core& c, int index) {
     if (c.f.chkOnOff.value == 0) return;
     c.s.Ft1000Filter455Index = index;

@@ -82,6 +82,8 @@ inline void cmdFT897Fast_Click(Core& c) {
     cmdFT857Fast_Click(c);
 }
 void optFT817AGC_Click(Core& c, int index);
+// Whether each reading also reads the FT-817's AGC and sets the option.
+void mnuFT817AGCmonitor_Click(Core& c);
 void cmdFT1000MP_Filter_455_Click(Core& c, int index);
 void cmdFT1000MP_Filter_82_Click(Core& c, int index);
 void cmdFT920Tuner_Click(Core& c);
