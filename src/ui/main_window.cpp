@@ -3,11 +3,16 @@
 #include "link/catalogue.h"
 #include "link/poll_cycle.h"
 #include "link/start_stop.h"
+#include "protocol/model_controls.h"
+#include "protocol/tones.h"
+#include "protocol/transmit.h"
+#include "protocol/write_frequency.h"
 #include "ui/messages_window.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -18,6 +23,7 @@
 #include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSlider>
 #include <QVBoxLayout>
 
@@ -142,51 +148,193 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     met->addLayout(lights);
     top->addWidget(meter);
 
+    // VFO buttons beside the frequency.
+    disp->addWidget(button(display, "cmdVFOtoggle", f.cmdVFOtoggle, cmdVFOtoggle_Click));
+    disp->addWidget(button(display, "cmdVFOSEqual", f.cmdVFOSEqual, cmdVFOSEqual_Click));
+    disp->addWidget(button(display, "cmdVFOBOff", f.cmdVFOBOff, cmdVFOBOff_Click));
+    disp->addWidget(button(display, "cmdMeters", f.cmdMeters, {}));
+
+    // Mode buttons, two rows of six.
+    auto* modes = new QGroupBox("Mode", central);
+    auto* ml = new QGridLayout(modes);
+    for (int i = 0; i < 12; ++i) {
+        const QByteArray name = "Command2_" + QByteArray::number(i);
+        ml->addWidget(
+            button(modes, name.constData(), f.Command2[i], [i](Core& c) { Command2_Click(c, i); }),
+            i / 6, i % 6);
+    }
+    lblNarrow_ = Named(new QLabel(f.lblNarrow.caption, modes), "lblNarrow", f.lblNarrow);
+    ml->addWidget(lblNarrow_, 0, 6);
+    top->addWidget(modes);
+
+    // Repeater: shift and CTCSS tone.
+    auto* repeater = new QGroupBox("Repeater", central);
+    auto* rl = new QHBoxLayout(repeater);
+    rl->addWidget(new QLabel("Shift", repeater));
+    rl->addWidget(button(repeater, "cmdShiftMinus", f.cmdShiftMinus, cmdShiftMinus_Click));
+    rl->addWidget(button(repeater, "cmdShiftSimplex", f.cmdShiftSimplex, cmdShiftSimplex_Click));
+    rl->addWidget(button(repeater, "cmdShiftPlus", f.cmdShiftPlus, cmdShiftPlus_Click));
+    rl->addSpacing(16);
+    rl->addWidget(new QLabel("CTCSS", repeater));
+    cboCTCSS_ = Named(new QComboBox(repeater), "cboCTCSS", f.cboCTCSS);
+    rl->addWidget(cboCTCSS_);
+    for (auto [name, model] : {std::pair<const char*, Label*>{"lblEnc", &f.lblEnc},
+                               {"lblDec", &f.lblDec},
+                               {"lblCTCSSFreq", &f.lblCTCSSFreq}}) {
+        auto* light = Named(new QLabel(model->caption, repeater), name, *model);
+        light->setAlignment(Qt::AlignCenter);
+        light->setFrameShape(QFrame::Panel);
+        light->setMinimumWidth(44);
+        rl->addWidget(light);
+        lights_.emplace_back(light, model);
+    }
+    rl->addStretch();
+    top->addWidget(repeater);
+    connect(cboCTCSS_, &QComboBox::activated, this, [this](int index) {
+        if (!rendering_) c_.f.cboCTCSS.listIndex = index;
+    });
+
     // Transmit and scan.
     auto* tx = new QGroupBox("Transmit and scan", central);
     auto* txl = new QHBoxLayout(tx);
-    chkTransmitEnable_ = Named(new QCheckBox(f.chkTransmitEnable.caption, tx), "chkTransmitEnable",
-                               f.chkTransmitEnable);
-    chkSplit_ = Named(new QCheckBox(f.chkSplit.caption, tx), "chkSplit", f.chkSplit);
-    cmdStartStopScan_ = Named(new QPushButton(tx), "cmdStartStopScan", f.cmdStartStopScan);
-    cmdScanMemOrBank_ = Named(new QPushButton(tx), "cmdScanMemOrBank", f.cmdScanMemOrBank);
+    auto* txRx = button(tx, "cmdTxRx", f.cmdTxRx, cmdTxRx_Click);
+    txRx->setCheckable(true);
+    txRx->setShortcut(Qt::Key_F9);
+    txRx->setToolTip(f.cmdTxRx.toolTip + "(F9) ");
+    txl->addWidget(txRx);
+    chkTransmitEnable_ =
+        check(tx, "chkTransmitEnable", f.chkTransmitEnable, chkTransmitEnable_Click);
+    chkSplit_ = check(tx, "chkSplit", f.chkSplit, chkSplit_Click);
     txl->addWidget(chkTransmitEnable_);
     txl->addWidget(chkSplit_);
     txl->addStretch();
+    cmdScanMemOrBank_ = button(tx, "cmdScanMemOrBank", f.cmdScanMemOrBank, {});
+    cmdStartStopScan_ = button(tx, "cmdStartStopScan", f.cmdStartStopScan, {});
     txl->addWidget(cmdScanMemOrBank_);
     txl->addWidget(cmdStartStopScan_);
     top->addWidget(tx);
 
-    // The feature buttons of the FT-897 and FT-857.
-    auto modelFrame = [&](const char* name, const QString& title,
-                          std::initializer_list<std::pair<const char*, CommandButton*>> rows) {
-        auto* frame = new QGroupBox(title, central);
-        frame->setObjectName(name);
-        auto* row = new QHBoxLayout(frame);
-        for (auto [objectName, button] : rows) {
-            auto* b = Named(new QPushButton(button->caption, frame), objectName, *button);
-            row->addWidget(b);
-            modelButtons_.emplace_back(b, button);
-        }
-        top->addWidget(frame);
-        return frame;
+    // The frame of the rig in use; the others stay hidden.
+    auto frame = [&](const Frame& model, const char* name) {
+        auto* box = new QGroupBox(model.caption, central);
+        box->setObjectName(name);
+        frames_.emplace_back(box, &model);
+        top->addWidget(box);
+        return box;
     };
-    frmFT897_ = modelFrame("frmFT897", "FT-897",
-                           {{"cmdFT897Processor", &f.cmdFT897Processor},
-                            {"cmdFT897NoiseBlanker", &f.cmdFT897NoiseBlanker},
-                            {"cmdFT897DNF", &f.cmdFT897DNF},
-                            {"cmdFT897DNR", &f.cmdFT897DNR},
-                            {"cmdFT897DBF", &f.cmdFT897DBF},
-                            {"cmdFT897Fast", &f.cmdFT897Fast},
-                            {"cmdFT897Lock", &f.cmdFT897Lock}});
-    frmFT857_ = modelFrame("frmFT857", "FT-857",
-                           {{"cmdFT857Processor", &f.cmdFT857Processor},
-                            {"cmdFT857NoiseBlanker", &f.cmdFT857NoiseBlanker},
-                            {"cmdFT857DNF", &f.cmdFT857DNF},
-                            {"cmdFT857DNR", &f.cmdFT857DNR},
-                            {"cmdFT857DBF", &f.cmdFT857DBF},
-                            {"cmdFT857Fast", &f.cmdFT857Fast},
-                            {"cmdFT857Lock", &f.cmdFT857Lock}});
+    auto featureRow =
+        [&](QGroupBox* box, Label& rigName, const char* rigNameObject,
+            std::initializer_list<std::tuple<const char*, CommandButton*, void (*)(Core&)>> rows) {
+            auto* row = new QHBoxLayout(box);
+            row->addWidget(Named(new QLabel(box), rigNameObject, rigName));
+            rigNames_.emplace_back(static_cast<QLabel*>(row->itemAt(0)->widget()), &rigName);
+            for (auto [objectName, model, handler] : rows)
+                row->addWidget(button(box, objectName, *model, handler));
+            row->addStretch();
+            return row;
+        };
+    featureRow(frame(f.frmFT897, "frmFT897"), f.Label14, "Label14",
+               {{"cmdFT897Processor", &f.cmdFT897Processor, cmdFT897Processor_Click},
+                {"cmdFT897NoiseBlanker", &f.cmdFT897NoiseBlanker, cmdFT897NoiseBlanker_Click},
+                {"cmdFT897DNF", &f.cmdFT897DNF, cmdFT897DNF_Click},
+                {"cmdFT897DNR", &f.cmdFT897DNR, cmdFT897DNR_Click},
+                {"cmdFT897DBF", &f.cmdFT897DBF, cmdFT897DBF_Click},
+                {"cmdFT897Fast", &f.cmdFT897Fast, cmdFT897Fast_Click},
+                {"cmdFT897Lock", &f.cmdFT897Lock, cmdFT897Lock_Click}});
+    featureRow(frame(f.frmFT857, "frmFT857"), f.Label18, "Label18",
+               {{"cmdFT857Processor", &f.cmdFT857Processor, cmdFT857Processor_Click},
+                {"cmdFT857NoiseBlanker", &f.cmdFT857NoiseBlanker, cmdFT857NoiseBlanker_Click},
+                {"cmdFT857DNF", &f.cmdFT857DNF, cmdFT857DNF_Click},
+                {"cmdFT857DNR", &f.cmdFT857DNR, cmdFT857DNR_Click},
+                {"cmdFT857DBF", &f.cmdFT857DBF, cmdFT857DBF_Click},
+                {"cmdFT857Fast", &f.cmdFT857Fast, cmdFT857Fast_Click},
+                {"cmdFT857Lock", &f.cmdFT857Lock, cmdFT857Lock_Click}});
+    {
+        QHBoxLayout* row = featureRow(frame(f.frmFT817, "frmFT817"), f.lblFT817, "lblFT817", {});
+        row->insertWidget(1, new QLabel("AGC", central));
+        static const char* const kAgc[] = {"Auto", "Fast", "Slow", "Off"};
+        for (int i = 0; i < 4; ++i) {
+            auto* o = new QRadioButton(kAgc[i], central);
+            o->setObjectName(QString("optFT817AGC_%1").arg(i));
+            row->insertWidget(2 + i, o);
+            options_.emplace_back(o, &f.optFT817AGC[i]);
+            connect(o, &QRadioButton::clicked, this, [this, i] {
+                if (rendering_) return;
+                for (int k = 0; k < 4; ++k) c_.f.optFT817AGC[k].value = k == i;
+                handle([i](Core& c) { optFT817AGC_Click(c, i); });
+            });
+        }
+    }
+    frame(f.frmFT847, "frmFT847");
+    frame(f.frmFRG100, "frmFRG100");
+    {
+        // Bandwidths by button: 250 Hz, 500 Hz, 2.0 kHz, 2.4 kHz, 6 kHz.
+        auto* grid = new QGridLayout(frame(f.frmFT1000MP, "frmFT1000MP"));
+        static const char* const kWidths[] = {"250", "500", "2.0k", "2.4k", "6k"};
+        grid->addWidget(new QLabel("8.2 MHz", central), 0, 0);
+        grid->addWidget(new QLabel("455 kHz", central), 1, 0);
+        for (int i = 0; i < 5; ++i) {
+            f.cmdFT1000MP_Filter_82[i].caption = kWidths[i];
+            f.cmdFT1000MP_Filter_455[i].caption = kWidths[i];
+            const QByteArray n82 = "cmdFT1000MP_Filter_82_" + QByteArray::number(i);
+            const QByteArray n455 = "cmdFT1000MP_Filter_455_" + QByteArray::number(i);
+            grid->addWidget(button(central, n82.constData(), f.cmdFT1000MP_Filter_82[i],
+                                   [i](Core& c) { cmdFT1000MP_Filter_82_Click(c, i); }),
+                            0, i + 1);
+            grid->addWidget(button(central, n455.constData(), f.cmdFT1000MP_Filter_455[i],
+                                   [i](Core& c) { cmdFT1000MP_Filter_455_Click(c, i); }),
+                            1, i + 1);
+        }
+    }
+    {
+        auto* row = new QHBoxLayout(frame(f.frmFT920, "frmFT920"));
+        f.cmdFT920Tuner.caption = "Tuner in/out";
+        row->addWidget(button(central, "cmdFT920Tuner", f.cmdFT920Tuner, cmdFT920Tuner_Click));
+        row->addWidget(
+            button(central, "cmdFT920StartTune", f.cmdFT920StartTune, cmdFT920StartTune_Click));
+        row->addStretch();
+    }
+    {
+        auto* row = new QHBoxLayout(frame(f.frmFT450, "frmFT450"));
+        static const char* const kAgc[] = {"AGC Auto", "AGC Slow", "AGC Fast", "AGC Off"};
+        for (int i = 0; i < 4; ++i) f.lbl450AGC[i].caption = kAgc[i];
+        f.lbl450Tuner.toolTip = " Click to toggle Tuner On/Off ";
+        row->addWidget(labelButton(central, "lbl450Tuner", f.lbl450Tuner, lbl450Tuner_Click));
+        row->addWidget(labelButton(central, "lbl450Att", f.lbl450Att, lbl450Att_Click));
+        row->addWidget(labelButton(central, "lbl450Ipo", f.lbl450Ipo, lbl450Ipo_Click));
+        for (int i = 0; i < 4; ++i) {
+            const QByteArray name = "lbl450AGC_" + QByteArray::number(i);
+            row->addWidget(labelButton(central, name.constData(), f.lbl450AGC[i],
+                                       [i](Core& c) { lbl450AGC_Click(c, i); }));
+        }
+        row->addWidget(button(central, "cmd450Tune", f.cmd450Tune, cmd450Tune_Click));
+        chkShowDSP_ =
+            Named(new QCheckBox(f.chkShowDSP.caption, central), "chkShowDSP", f.chkShowDSP);
+        chkShowDSP_->setEnabled(false);
+        row->addWidget(chkShowDSP_);
+        row->addStretch();
+    }
+    // The VR-5000's tuning steps of the mode in use.
+    auto steps = [&](const Frame& model, const char* name, auto& options, const char* object,
+                     std::initializer_list<const char*> captions) {
+        auto* row = new QHBoxLayout(frame(model, name));
+        int i = 0;
+        for (const char* caption : captions) {
+            auto* o = new QRadioButton(caption, central);
+            o->setObjectName(QString("%1_%2").arg(object).arg(i));
+            o->setEnabled(false);
+            row->addWidget(o);
+            options_.emplace_back(o, &options[i++]);
+        }
+        row->addStretch();
+    };
+    steps(f.frmVR5000LSB, "frmVR5000LSB", f.optLSBUSB, "optLSBUSB",
+          {"20 Hz", "100 Hz", "500 Hz", "1 kHz", "5 kHz"});
+    steps(f.frmVR5000AM, "frmVR5000AM", f.optAM, "optAM",
+          {"1k", "5k", "9k", "10k", "20k", "25k", "50k", "100k", "500k"});
+    steps(f.frmVR5000FMN, "frmVR5000FMN", f.optFMN, "optFMN",
+          {"5k", "6.25k", "10k", "12.5k", "20k", "25k", "50k", "100k", "500k"});
+    steps(f.frmVR5000WFM, "frmVR5000WFM", f.optWFM, "optWFM", {"10k", "50k", "100k", "500k"});
 
     // Delays.
     auto* delays = new QGroupBox(central);
@@ -240,6 +388,39 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     render();
 }
 
+QPushButton* MainWindow::button(QWidget* parent, const char* name, CommandButton& model,
+                                std::function<void(Core&)> onClick) {
+    auto* b = Named(new QPushButton(model.caption, parent), name, model);
+    modelButtons_.emplace_back(b, &model);
+    if (onClick) {
+        connect(b, &QPushButton::clicked, this, [this, onClick] {
+            if (!rendering_) handle(onClick);
+        });
+    }
+    return b;
+}
+
+QPushButton* MainWindow::labelButton(QWidget* parent, const char* name, Label& model,
+                                     std::function<void(Core&)> onClick) {
+    auto* b = Named(new QPushButton(model.caption, parent), name, model);
+    labelButtons_.emplace_back(b, &model);
+    connect(b, &QPushButton::clicked, this, [this, onClick] {
+        if (!rendering_) handle(onClick);
+    });
+    return b;
+}
+
+QCheckBox* MainWindow::check(QWidget* parent, const char* name, CheckBox& model,
+                             void (*onClick)(Core&)) {
+    auto* box = Named(new QCheckBox(model.caption, parent), name, model);
+    connect(box, &QCheckBox::clicked, this, [this, &model, onClick](bool checked) {
+        if (rendering_) return;
+        model.value = checked ? 1 : 0;
+        handle(onClick);
+    });
+    return box;
+}
+
 void MainWindow::place() {
     move(c_.f.left / kTwipsPerPixel, c_.f.top / kTwipsPerPixel);
 }
@@ -257,6 +438,20 @@ void MainWindow::buildMenus() {
     QAction* settings = options->addAction("&Settings...");
     settings->setObjectName("mnuSettings");
     connect(settings, &QAction::triggered, this, [this] { handle(Form_DblClick); });
+    // Ticked items that run a handler.
+    auto tickItem = [&](MenuItem& item, const char* name, void (*handler)(Core&)) {
+        QAction* a = options->addAction(item.caption);
+        a->setObjectName(name);
+        a->setCheckable(true);
+        connect(a, &QAction::triggered, this, [this, handler] { handle(handler); });
+        menuItems_.emplace_back(a, &item);
+    };
+    Form1& f = c_.f;
+    tickItem(f.mnuFT817AGCmonitor, "mnuFT817AGCmonitor", mnuFT817AGCmonitor_Click);
+    tickItem(f.mnuRaiseDTR, "mnuRaiseDTR", mnuRaiseDTR_Click);
+    tickItem(f.mnuRaiseRTS, "mnuRaiseRTS", mnuRaiseRTS_Click);
+    tickItem(f.mnuLinkRTS, "mnuLinkRTS", mnuLinkRTS_Click);
+    tickItem(f.mnuTXRXcontrolsRTS, "mnuTXRXcontrolsRTS", mnuTXRXcontrolsRTS_Click);
     options->addSeparator();
 
     // Polling: how often a full reading is made.
@@ -328,18 +523,35 @@ void MainWindow::render() {
     ShowControl(chkTransmitEnable_, f.chkTransmitEnable);
     chkSplit_->setChecked(f.chkSplit.value == 1);
     ShowControl(chkSplit_, f.chkSplit);
-    cmdStartStopScan_->setText(f.cmdStartStopScan.caption);
-    ShowControl(cmdStartStopScan_, f.cmdStartStopScan);
-    cmdScanMemOrBank_->setText(f.cmdScanMemOrBank.caption);
 
-    // Only the frame of the rig in use is shown.
-    const QString& rig = c_.s.RigType;
-    frmFT897_->setVisible(rig == RigFT897 || rig == RigFT897D);
-    frmFT857_->setVisible(rig == RigFT857 || rig == RigFT857D);
+    for (auto [box, model] : frames_) ShowControl(box, *model);
+    for (auto [label, model] : rigNames_) label->setText(model->caption);
+    for (auto [option, model] : options_) {
+        if (option->isChecked() != model->value) option->setChecked(model->value);
+    }
+    for (auto [widget, model] : labelButtons_) {
+        widget->setText(model->caption);
+        ShowControl(widget, *model);
+        ShowColour(widget, model->backColour);
+    }
+    lblNarrow_->setText(f.lblNarrow.caption);
+    ShowControl(lblNarrow_, f.lblNarrow);
+    ShowControl(chkShowDSP_, f.chkShowDSP);
+    chkShowDSP_->setEnabled(false);
+    if (cboCTCSS_->count() != f.cboCTCSS.list.size() ||
+        (cboCTCSS_->count() > 0 && cboCTCSS_->itemText(0) != f.cboCTCSS.list.first())) {
+        cboCTCSS_->clear();
+        cboCTCSS_->addItems(f.cboCTCSS.list);
+    }
+    if (cboCTCSS_->currentIndex() != f.cboCTCSS.listIndex)
+        cboCTCSS_->setCurrentIndex(f.cboCTCSS.listIndex);
+    ShowControl(cboCTCSS_, f.cboCTCSS);
     for (auto [widget, model] : modelButtons_) {
         widget->setText(model->caption);
         ShowControl(widget, *model);
         ShowColour(widget, model->backColour);
+        if (widget->isCheckable() && widget->isChecked() != model->pressed)
+            widget->setChecked(model->pressed);
         if (widget->font().bold() != model->bold) {
             QFont font = widget->font();
             font.setBold(model->bold);

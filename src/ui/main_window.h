@@ -10,6 +10,8 @@
 #include <vector>
 
 class QCheckBox;
+class QComboBox;
+class QRadioButton;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
@@ -41,6 +43,12 @@ class MainWindow : public QMainWindow {
     // Runs a handler, then shows its effect.
     void handle(const std::function<void(Core&)>& handler);
     void buildMenus();
+    // A widget for a control of Form1, connected to its handler.
+    QPushButton* button(QWidget* parent, const char* name, CommandButton& model,
+                        std::function<void(Core&)> onClick);
+    QPushButton* labelButton(QWidget* parent, const char* name, Label& model,
+                             std::function<void(Core&)> onClick);
+    QCheckBox* check(QWidget* parent, const char* name, CheckBox& model, void (*onClick)(Core&));
 
     Core& c_;
     MessagesWindow* messages_;
@@ -57,8 +65,9 @@ class MainWindow : public QMainWindow {
     QCheckBox* chkSplit_;
     QPushButton* cmdStartStopScan_;
     QPushButton* cmdScanMemOrBank_;
-    QGroupBox* frmFT897_;
-    QGroupBox* frmFT857_;
+    QComboBox* cboCTCSS_;
+    QLabel* lblNarrow_;
+    QCheckBox* chkShowDSP_;
     QCheckBox* chkSliders_;
     QSlider* sldCMDdelay_;
     QSlider* sldSmeterDelay_;
@@ -67,6 +76,10 @@ class MainWindow : public QMainWindow {
     QLabel* lblAGCdelay_;
     QLabel* lblExtra_;
     std::vector<std::pair<QPushButton*, CommandButton*>> modelButtons_;
+    std::vector<std::pair<QPushButton*, Label*>> labelButtons_;
+    std::vector<std::pair<QGroupBox*, const Frame*>> frames_;
+    std::vector<std::pair<QLabel*, Label*>> rigNames_;
+    std::vector<std::pair<QRadioButton*, OptionButton*>> options_;
     std::vector<std::pair<QAction*, MenuItem*>> menuItems_;
     std::vector<std::pair<QLabel*, Label*>> lights_;
     bool rendering_ = false;

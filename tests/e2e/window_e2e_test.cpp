@@ -9,9 +9,11 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -166,6 +168,79 @@ TEST(RigctlBesideVeldor, AFrequencySetByRigctlShowsAndIsRecorded) {
     EXPECT_TRUE(ini.readAll().contains("Frequency=7.074.00"));
     rigsim.terminate();
     rigsim.waitForFinished(5000);
+}
+
+TEST_F(WindowOverPty, AModeButtonAndTheTxRxButtonWorkTheRig) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    ClickCheckBox(app.window().findChild<QCheckBox*>("chkOnOff"));
+    ASSERT_TRUE(waitForRig("catOn", "1"));
+    auto* lsb = app.window().findChild<QPushButton*>("Command2_0");
+    ASSERT_NE(lsb, nullptr);
+    EXPECT_EQ(lsb->text(), "LSB");
+    QTest::mouseClick(lsb, Qt::LeftButton);
+    EXPECT_TRUE(waitForRig("mode", "LSB"));
+
+    auto* txRx = app.window().findChild<QPushButton*>("cmdTxRx");
+    ASSERT_NE(txRx, nullptr);
+    EXPECT_FALSE(txRx->isEnabled());  // not before transmitting is enabled
+    ClickCheckBox(app.window().findChild<QCheckBox*>("chkTransmitEnable"));
+    ASSERT_TRUE(txRx->isEnabled());
+    QTest::mouseClick(txRx, Qt::LeftButton);
+    EXPECT_EQ(txRx->text(), "TX/rx");
+    EXPECT_TRUE(waitForRig("ptt", "1"));
+    QTest::mouseClick(txRx, Qt::LeftButton);
+    EXPECT_TRUE(waitForRig("ptt", "0"));
+    EXPECT_EQ(txRx->text(), "tx/RX");
+}
+
+// The window fitted to each rig on the built-in simulated port. With VELDOR_SCREENSHOTS set
+// to a folder, each window is saved there as a picture.
+TEST(WindowPerRig, ShowsTheFrameAndModeButtonsOfTheRig) {
+    struct Row {
+        const char* rig;
+        const char* frame;
+        int lastModeButton;
+        const char* lastCaption;
+    };
+    const Row rows[] = {
+        {"FT817", "frmFT817", 7, "PKT"},     {"FT857", "frmFT857", 8, "FMN"},
+        {"FT450", "frmFT450", 10, "USRU"},   {"FT1000MP", "frmFT1000MP", 11, "AM(S)"},
+        {"FT920", "frmFT920", 10, "RTY(L)"}, {"VR5000", "frmVR5000FMN", 10, "FM-N"}};
+    for (const Row& row : rows) {
+        QTemporaryDir dir;
+        qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+        QDir().mkpath(dir.path() + "/VELDOR");
+        QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+        ini.write(QString("[Settings]\nRigType=%1\nCommport=SIM\nAutoStart=Yes\nHomeDir=%2\n")
+                      .arg(row.rig, dir.path())
+                      .toUtf8());
+        ini.close();
+        veldor::Application app;
+        ASSERT_TRUE(app.start(""));
+        app.window().show();
+        QTest::qWait(300);
+        for (QGroupBox* box : app.window().findChildren<QGroupBox*>()) {
+            if (!box->objectName().startsWith("frm")) continue;
+            EXPECT_EQ(box->isVisible(), box->objectName() == row.frame)
+                << row.rig << " " << box->objectName().toStdString();
+        }
+        const QString last = QString("Command2_%1").arg(row.lastModeButton);
+        auto* button = app.window().findChild<QPushButton*>(last);
+        ASSERT_NE(button, nullptr);
+        EXPECT_TRUE(button->isVisible()) << row.rig;
+        EXPECT_EQ(button->text(), row.lastCaption);
+        if (row.lastModeButton < 11) {
+            auto* beyond = app.window().findChild<QPushButton*>(
+                QString("Command2_%1").arg(row.lastModeButton + 1));
+            EXPECT_FALSE(beyond->isVisible()) << row.rig;
+        }
+        const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
+        if (!shots.isEmpty())
+            app.window().grab().save(shots + "/window-" + QString(row.rig).toLower() + ".png");
+        app.closeForSignal();
+    }
 }
 
 TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
