@@ -225,11 +225,21 @@ TEST(RepeaterChannel, TheSimulatedRigTakesToneShiftAndOffset) {
         EXPECT_EQ(r.frequencyHz, frequency * 10LL) << rig.toStdString();
         EXPECT_EQ(r.toneMode, "encode") << rig.toStdString();
         EXPECT_EQ(r.shift, "-") << rig.toStdString();
-        if (rig != RigFT920) EXPECT_EQ(r.offsetHz, 600000) << rig.toStdString();
-        if (IsAckFamily(rig)) EXPECT_EQ(r.toneDeciHz, 885);
-        if (rig == RigFT847) EXPECT_EQ(r.toneNumber, 14);
-        if (rig == RigFT450) EXPECT_EQ(r.toneNumber, 8);
-        if (rig == RigFT920) EXPECT_EQ(r.toneNumber, 9);
+        if (rig != RigFT920) {
+            EXPECT_EQ(r.offsetHz, 600000) << rig.toStdString();
+        }
+        if (IsAckFamily(rig)) {
+            EXPECT_EQ(r.toneDeciHz, 885);
+        }
+        if (rig == RigFT847) {
+            EXPECT_EQ(r.toneNumber, 14);
+        }
+        if (rig == RigFT450) {
+            EXPECT_EQ(r.toneNumber, 8);
+        }
+        if (rig == RigFT920) {
+            EXPECT_EQ(r.toneNumber, 9);
+        }
     }
 }
 
