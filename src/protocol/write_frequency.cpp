@@ -264,44 +264,18 @@ struct ButtonAction {
 constexpr ButtonAction N{kNone, nullptr, nullptr};
 using ButtonRow = std::array<ButtonAction, 12>;
 
-// FT-847 and the FT-817/857/897 families: P1 of opcode 07. Member 6 of the FT-847 is its
-// narrow button, handled apart.
-constexpr ButtonRow kFt847Buttons = {{{0x00, nullptr, "LSB"},
-                                      {0x01, nullptr, "USB"},
-                                      {0x02, nullptr, "CW"},
-                                      {0x08, nullptr, "FM"},
-                                      {0x04, nullptr, "AM"},
-                                      {0x03, nullptr, "CWR"},
-                                      N,
-                                      N,
-                                      N,
-                                      N,
-                                      N,
-                                      N}};
-constexpr ButtonRow kFt817Buttons = {{{0x00, nullptr, "LSB"},
-                                      {0x01, nullptr, "USB"},
-                                      {0x02, nullptr, "CW"},
-                                      {0x08, nullptr, "FM"},
-                                      {0x04, nullptr, "AM"},
-                                      {0x03, nullptr, "CWR"},
-                                      {0x0A, nullptr, "DIG"},
-                                      {0x0C, nullptr, "PKT"},
-                                      N,
-                                      N,
-                                      N,
-                                      N}};
-constexpr ButtonRow kFt857Buttons = {{{0x00, nullptr, "LSB"},
-                                      {0x01, nullptr, "USB"},
-                                      {0x02, nullptr, "CW"},
-                                      {0x08, nullptr, "FM"},
-                                      {0x04, nullptr, "AM"},
-                                      {0x03, nullptr, "CWR"},
-                                      {0x0A, nullptr, "DIG"},
-                                      {0x0C, nullptr, "PKT"},
-                                      {0x88, nullptr, "FMN"},
-                                      N,
-                                      N,
-                                      N}};
+// The FT-8 family: P1 of opcode 07. The FT-847 has the first six (its member 6 is its narrow
+// button, handled apart), the FT-817 the first eight, the FT-857 and FT-897 all nine.
+constexpr ButtonRow kFt8Buttons = {{{0x00, nullptr, "LSB"},
+                                    {0x01, nullptr, "USB"},
+                                    {0x02, nullptr, "CW"},
+                                    {0x08, nullptr, "FM"},
+                                    {0x04, nullptr, "AM"},
+                                    {0x03, nullptr, "CWR"},
+                                    {0x0A, nullptr, "DIG"},
+                                    {0x0C, nullptr, "PKT"},
+                                    {0x88, nullptr, "FMN"},
+                                    N, N, N}};
 constexpr ButtonRow kFt450Buttons = {{{0, "MD01;", "LSB"},
                                       {0, "MD02;", "USB"},
                                       {0, "MD03;", "CW"},
@@ -355,15 +329,16 @@ constexpr ButtonRow kFt920Buttons = {{{0x00, nullptr, "LSB"},
 constexpr const char* kVr5000Buttons[12] = {"LSB",   "WAM", "AM",  "WFM", nullptr, nullptr,
                                             nullptr, "USB", "AMN", "CW",  "FMN",   nullptr};
 
-const ButtonRow* ButtonsOf(const QString& rig) {
-    if (rig == RigFT847) return &kFt847Buttons;
-    if (IsFt817(rig)) return &kFt817Buttons;
-    if (IsFt857(rig) || IsFt897(rig)) return &kFt857Buttons;
-    if (rig == RigFT450) return &kFt450Buttons;
-    if (rig == RigFRG100) return &kFrg100Buttons;
-    if (rig == RigFT1000MP) return &kFt1000mpButtons;
-    if (rig == RigFT920) return &kFt920Buttons;
-    return nullptr;
+// The rig's buttons, and how many of them it has.
+std::pair<const ButtonRow*, int> ButtonsOf(const QString& rig) {
+    if (rig == RigFT847) return {&kFt8Buttons, 6};
+    if (IsFt817(rig)) return {&kFt8Buttons, 8};
+    if (IsFt857(rig) || IsFt897(rig)) return {&kFt8Buttons, 9};
+    if (rig == RigFT450) return {&kFt450Buttons, 12};
+    if (rig == RigFRG100) return {&kFrg100Buttons, 12};
+    if (rig == RigFT1000MP) return {&kFt1000mpButtons, 12};
+    if (rig == RigFT920) return {&kFt920Buttons, 12};
+    return {nullptr, 0};
 }
 
 // The FT-847's narrow button: the narrow form of the mode shown.
@@ -468,8 +443,8 @@ void ApplyModeButton(Core& c) {
     const int index = s.ModeButtonIndex;
     if (rig == RigVR5000) return ApplyVr5000Button(c, index);
 
-    const ButtonRow* row = ButtonsOf(rig);
-    const bool inRow = row && index >= 0 && index < 12;
+    const auto [row, count] = ButtonsOf(rig);
+    const bool inRow = row && index >= 0 && index < count;
     if (rig == RigFT847 && index == 6) {
         Ft847Narrow(c);
     } else if (rig == RigFT920 && index == 6) {

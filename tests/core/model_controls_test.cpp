@@ -12,29 +12,6 @@
 namespace veldor::test {
 namespace {
 
-struct Wire : ScriptedRig {
-    explicit Wire(const QString& rig, const QByteArray& reply = {}) : ScriptedRig(rig) {
-        if (!reply.isEmpty()) replies(reply);
-        c.s.LastToneState = c.s.ToneCode + c.s.ToneEncode + c.s.ToneDecode;
-    }
-    QString hex() { return scriptedPort->allWritten().toHex(' '); }
-    QByteArray text() { return scriptedPort->allWritten(); }
-};
-
-// A connected station on the simulated rig, polling off: only the tick's requests go out.
-struct OnAir : Station {
-    explicit OnAir(const QString& rigType) : Station(rigType) {
-        load();
-        switchOn();
-        c.s.PollingDelay = 99;
-        c.s.ForceUpdate = false;
-        tick();
-        rig().clearTrace();
-    }
-    void tick() { tmrPollInterval_Timer(c); }
-    uint8_t& memory(int address) { return rig().state().eeprom[address]; }
-};
-
 struct ToggleCase {
     const char* rig;
     void (*click)(Core&);

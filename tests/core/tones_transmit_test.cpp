@@ -13,13 +13,11 @@
 namespace veldor::test {
 namespace {
 
-struct Wire : ScriptedRig {
-    explicit Wire(const QString& rig, const QByteArray& reply = {}) : ScriptedRig(rig) {
-        if (!reply.isEmpty()) replies(reply);
+// A scripted rig with the window fitted to it.
+struct Fitted : Wire {
+    explicit Fitted(const QString& rig, const QByteArray& reply = {}) : Wire(rig, reply) {
         CustomiseForms(c);
     }
-    QString hex() { return scriptedPort->allWritten().toHex(' '); }
-    QByteArray text() { return scriptedPort->allWritten(); }
 };
 
 struct ToneCase {
@@ -43,7 +41,7 @@ TEST(SendToneSettings, SendsEachRigsToneAndMode) {
         {"FT1000MP", "8", "1", "0", ""},
     };
     for (const ToneCase& t : cases) {
-        Wire w(t.rig, Bytes({0}));
+        Fitted w(t.rig, Bytes({0}));
         w.c.s.ToneCode = t.code;
         w.c.s.ToneEncode = t.encode;
         w.c.s.ToneDecode = t.decode;
@@ -54,7 +52,7 @@ TEST(SendToneSettings, SendsEachRigsToneAndMode) {
 }
 
 TEST(SendToneSettings, Ft450SendsTheToneNumberWithoutASemicolon) {
-    Wire w(RigFT450);
+    Fitted w(RigFT450);
     w.c.s.ToneCode = "12";
     w.c.s.ToneEncode = "1";
     ToneValues(w.c, "12", "1", "0");
@@ -63,7 +61,7 @@ TEST(SendToneSettings, Ft450SendsTheToneNumberWithoutASemicolon) {
     EXPECT_EQ(w.c.f.lblCTCSSFreq.caption, "100.0");
     EXPECT_EQ(w.c.f.lblEnc.backColour, Green);
     EXPECT_EQ(w.c.f.lblDec.backColour, White);
-    Wire squelch(RigFT450);
+    Fitted squelch(RigFT450);
     squelch.c.s.ToneDecode = "1";
     ToneValues(squelch.c, "3", "0", "1");
     SendToneSettings(squelch.c);
@@ -74,7 +72,7 @@ TEST(SendToneSettings, Ft450SendsTheToneNumberWithoutASemicolon) {
 
 TEST(ToneValues, AnIndexBeyondTheListIsARunTimeError) {
     for (const QString& rig : {RigFT817, RigFT847, RigFT450, RigFT920}) {
-        Wire w(rig);
+        Fitted w(rig);
         EXPECT_THROW(ToneValues(w.c, "50", "1", "0"), std::out_of_range) << rig.toStdString();
         EXPECT_THROW(ToneValues(w.c, "-1", "1", "0"), std::out_of_range);
     }
@@ -100,7 +98,7 @@ TEST(ToneOff, SwitchesEachRigsToneOffAndClearsTheLights) {
     const std::pair<const char*, const char*> cases[] = {
         {"FT817", "8a 00 00 00 0a"}, {"FT847", "8a 00 00 00 0a"}, {"FT920", "00 00 00 00 90"}};
     for (const auto& [rig, sent] : cases) {
-        Wire w(rig, Bytes({0}));
+        Fitted w(rig, Bytes({0}));
         w.c.s.ToneEncode = "1";
         w.c.f.lblEnc.backColour = Green;
         w.c.f.lblCTCSSFreq.caption = "88.5";
@@ -110,10 +108,10 @@ TEST(ToneOff, SwitchesEachRigsToneOffAndClearsTheLights) {
         EXPECT_EQ(w.c.f.lblEnc.backColour, White);
         EXPECT_EQ(w.c.f.lblCTCSSFreq.caption, "Freq");
     }
-    Wire ft450(RigFT450);
+    Fitted ft450(RigFT450);
     ToneOff(ft450.c);
     EXPECT_EQ(ft450.text(), "CT00;");
-    Wire mp(RigFT1000MP);
+    Fitted mp(RigFT1000MP);
     mp.c.s.ToneEncode = "1";
     ToneOff(mp.c);
     EXPECT_TRUE(mp.hex().isEmpty());
@@ -139,7 +137,7 @@ TEST(ApplyRepeaterShift, SendsShiftThenOffset) {
         {"FRG100", "FM", "+", ""},
     };
     for (const ShiftCase& t : cases) {
-        Wire w(t.rig, Bytes({0}));
+        Fitted w(t.rig, Bytes({0}));
         w.c.f.txtMode.text = t.mode;
         w.c.s.TargetShift = t.shift;
         w.c.s.TargetOffset = "600";
@@ -151,7 +149,7 @@ TEST(ApplyRepeaterShift, SendsShiftThenOffset) {
 }
 
 TEST(ApplyRepeaterShift, Ft450TextsAndOnlyInFm) {
-    Wire w(RigFT450);
+    Fitted w(RigFT450);
     w.c.f.txtMode.text = "FMN";
     w.c.s.TargetShift = "-";
     w.c.s.TargetOffset = "600";
@@ -159,7 +157,7 @@ TEST(ApplyRepeaterShift, Ft450TextsAndOnlyInFm) {
     EXPECT_EQ(w.text(), "OS02;EX050006;");
     EXPECT_EQ(w.c.f.cmdShiftMinus.backColour, PaleGreen);
     EXPECT_EQ(w.c.f.cmdShiftPlus.backColour, ButtonFace);
-    Wire usb(RigFT450);
+    Fitted usb(RigFT450);
     usb.c.f.txtMode.text = "USB";
     usb.c.s.TargetShift = "+";
     ApplyRepeaterShift(usb.c);
@@ -167,12 +165,12 @@ TEST(ApplyRepeaterShift, Ft450TextsAndOnlyInFm) {
 }
 
 TEST(ApplyRepeaterShift, SendsNothingTwice) {
-    Wire w(RigFT817, Bytes({0}));
+    Fitted w(RigFT817, Bytes({0}));
     w.c.f.txtMode.text = "FM";
     w.c.s.TargetShift = "+";
     w.c.s.TargetOffset = "600";
     ApplyRepeaterShift(w.c);
-    w.scriptedPort->written.clear();
+    w.clear();
     ApplyRepeaterShift(w.c);
     EXPECT_TRUE(w.hex().isEmpty());
     w.c.s.TargetOffset = "1600";  // 1.6 MHz
@@ -262,13 +260,13 @@ TEST(Ptt, SendsEachRigsSwitch) {
         {"VR5000", "", ""},
     };
     for (const PttCase& t : cases) {
-        Wire w(t.rig, Bytes({0}));
+        Fitted w(t.rig, Bytes({0}));
         w.c.s.PttOnPending = true;
         PttOn(w.c);
         EXPECT_EQ(w.hex(), t.on) << t.rig;
         EXPECT_TRUE(w.c.s.Transmitting);
         EXPECT_FALSE(w.c.s.PttOnPending);
-        w.scriptedPort->written.clear();
+        w.clear();
         w.c.s.PttOffPending = true;
         PttOff(w.c);
         EXPECT_EQ(w.hex(), t.off) << t.rig;
@@ -276,14 +274,14 @@ TEST(Ptt, SendsEachRigsSwitch) {
         EXPECT_FALSE(w.c.s.PttOffPending);
         EXPECT_EQ(w.c.s.IgnoreNextTxStatus, IsAckFamily(t.rig));
     }
-    Wire ft450(RigFT450);
+    Fitted ft450(RigFT450);
     PttOn(ft450.c);
     PttOff(ft450.c);
     EXPECT_EQ(ft450.text(), "TX1;TX0;");
 }
 
 TEST(Ptt, TheFt847MovesToTheSplitFrequenciesAroundTheSwitch) {
-    Wire w(RigFT847);
+    Fitted w(RigFT847);
     w.c.s.LastModeSent = "FM";
     w.c.s.LastToneState = w.c.s.ToneCode + w.c.s.ToneEncode + w.c.s.ToneDecode;
     w.c.f.chkSplit.value = 1;
@@ -293,13 +291,13 @@ TEST(Ptt, TheFt847MovesToTheSplitFrequenciesAroundTheSwitch) {
     w.c.s.SplitRxMode = "FM";
     PttOn(w.c);
     EXPECT_EQ(w.hex(), "14 56 00 00 01 00 00 00 00 08");
-    w.scriptedPort->written.clear();
+    w.clear();
     PttOff(w.c);
     EXPECT_EQ(w.hex(), "43 40 00 00 01 00 00 00 00 88");
 }
 
-struct Keying : Wire {
-    Keying() : Wire(RigFT817, Bytes({0})) {
+struct Keying : Fitted {
+    Keying() : Fitted(RigFT817, Bytes({0})) {
         c.f.chkTransmitEnable.value = 1;
         chkTransmitEnable_Click(c);
         c.s.PttOffPending = false;
@@ -385,7 +383,7 @@ TEST(TxRxButton, AReceiverGetsNoBytesThoughTheButtonChanges) {
 }
 
 TEST(FollowTxState, TheLinesFollowTheRigsOwnTransmitLight) {
-    Wire w(RigFT817);
+    Fitted w(RigFT817);
     w.c.s.ExtraPttPortPins = 1;
     w.c.f.lblTX.backColour = Red;
     FollowTxState(w.c);
@@ -398,7 +396,7 @@ TEST(FollowTxState, TheLinesFollowTheRigsOwnTransmitLight) {
 }
 
 TEST(LineMenus, TheRtsItemsExcludeEachOtherAndAreSaved) {
-    Wire w(RigFT817);
+    Fitted w(RigFT817);
     mnuRaiseRTS_Click(w.c);
     EXPECT_TRUE(w.c.f.mnuRaiseRTS.checked);
     EXPECT_TRUE(w.scriptedPort->rtsLine);

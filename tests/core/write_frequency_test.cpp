@@ -10,21 +10,11 @@
 namespace veldor::test {
 namespace {
 
-// A rig whose replies are written by hand; what the program sent, as hex or text.
-struct Wire : ScriptedRig {
-    explicit Wire(const QString& rig, const QByteArray& reply = {}) : ScriptedRig(rig) {
-        if (!reply.isEmpty()) replies(reply);
-        c.s.ToneCode = c.s.ToneEncode = c.s.ToneDecode = "0";
-        c.s.LastToneState = "000";
-    }
-    QString hex() { return scriptedPort->allWritten().toHex(' '); }
-    QByteArray text() { return scriptedPort->allWritten(); }
-    void clear() { scriptedPort->written.clear(); }
-    void write(int32_t frequency, const QString& mode) {
-        QString m = mode;
-        SetFrequencyAndMode(c, frequency, m);
-    }
-};
+// SetFrequencyAndMode with values, as the tick calls it with the tune target.
+void Write(Wire& w, int32_t frequency, const QString& mode) {
+    QString m = mode;
+    SetFrequencyAndMode(w.c, frequency, m);
+}
 
 struct NearestCase {
     const char* rig;
@@ -71,36 +61,36 @@ TEST(SetFrequencyAndMode, CodesTheFrequencyInEachRigsForm) {
         w.c.s.VfoAActive = t.vfoA;
         w.c.s.LastModeSent = "USB";
         if (QString(t.rig) == "VR5000") w.c.s.LastModeSent = "USB";
-        w.write(1425000, "USB");
+        Write(w, 1425000, "USB");
         EXPECT_EQ(w.hex(), t.sent) << t.rig;
     }
     Wire ft450(RigFT450);
     ft450.c.s.LastModeSent = "USB";
-    ft450.write(1425000, "USB");
+    Write(ft450, 1425000, "USB");
     EXPECT_EQ(ft450.text(), "FA14250000;");
     ft450.clear();
     ft450.c.s.VfoLetter = "B";
-    ft450.write(705000, "USB");
+    Write(ft450, 705000, "USB");
     EXPECT_EQ(ft450.text(), "FB07050000;");
 }
 
 TEST(SetFrequencyAndMode, SendsTheModeOnlyWhenItChanges) {
     Wire w(RigFT817, Bytes({0}));
-    w.write(1425000, "LSB");
+    Write(w, 1425000, "LSB");
     EXPECT_EQ(w.hex(), "00 00 00 00 07 01 42 50 00 01");
     EXPECT_EQ(w.c.s.LastModeSent, "LSB");
     EXPECT_EQ(w.c.f.txtMode.text, "LSB");
     w.clear();
-    w.write(1425100, "LSB");
+    Write(w, 1425100, "LSB");
     EXPECT_EQ(w.hex(), "01 42 51 00 01");
 }
 
 TEST(SetFrequencyAndMode, TheFt817ReadsAnAcknowledgementAfterEachCommandTheFt847None) {
     Wire ft817(RigFT817);  // a silent rig: every acknowledgement times out
-    ft817.write(1425000, "CW");
+    Write(ft817, 1425000, "CW");
     EXPECT_EQ(ft817.c.f.lblTimeoutCount.caption, "2");
     Wire ft847(RigFT847);
-    ft847.write(1425000, "CW");
+    Write(ft847, 1425000, "CW");
     EXPECT_EQ(ft847.hex(), "02 00 00 00 07 01 42 50 00 01");
     EXPECT_EQ(ft847.c.f.lblTimeoutCount.caption, "0");
     EXPECT_FALSE(ft847.c.s.ReplyTimedOut);
@@ -124,23 +114,23 @@ TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     };
     for (const ModeCase& t : cases) {
         Wire w(t.rig, Bytes({0}));
-        w.write(1425000, t.mode);
+        Write(w, 1425000, t.mode);
         EXPECT_EQ(w.hex().left(14), t.sent) << t.rig << " " << t.mode;
     }
 }
 
 TEST(SetFrequencyAndMode, Ft450UserLsbGoesWithoutItsSemicolon) {
     Wire w(RigFT450);
-    w.write(1425000, "USRL");
+    Write(w, 1425000, "USRL");
     EXPECT_EQ(w.text(), "MD08FA14250000;");
     w.clear();
-    w.write(1425000, "DIG");
+    Write(w, 1425000, "DIG");
     EXPECT_EQ(w.text(), "MD06;FA14250000;");
 }
 
 TEST(SetFrequencyAndMode, AFrequencyOutsideTheRigSendsOnlyTheMode) {
     Wire w(RigFT817, Bytes({0}));
-    w.write(99999999, "AM");
+    Write(w, 99999999, "AM");
     EXPECT_EQ(w.hex(), "04 00 00 00 07");
     EXPECT_TRUE(w.c.s.FrequencyOutOfRange);
     EXPECT_EQ(w.c.s.CurrentFrequency, 700000);
@@ -149,7 +139,7 @@ TEST(SetFrequencyAndMode, AFrequencyOutsideTheRigSendsOnlyTheMode) {
 TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
     Wire w(RigVR5000);
     w.c.s.StepWAM = 0x63;
-    w.write(1425000, "WAM");
+    Write(w, 1425000, "WAM");
     EXPECT_EQ(w.hex(), "44 63 00 00 07 00 15 be 68 01");
     EXPECT_EQ(w.c.s.VR5000ModeMain, "a");
     EXPECT_EQ(w.c.s.VR5000FrequencyMain, 1425000);
@@ -162,7 +152,7 @@ TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
     // "FM" is the narrow FM of the receiver, on its sub receiver.
     w.clear();
     w.c.s.VfoAActive = false;
-    w.write(14557500, "FM");
+    Write(w, 14557500, "FM");
     EXPECT_EQ(w.hex(), "88 14 00 00 37 00 de 21 3c 31");
     EXPECT_EQ(w.c.s.VR5000ModeSub, "f");
     EXPECT_EQ(w.c.s.VR5000FrequencySub, 14557500);
@@ -174,7 +164,7 @@ TEST(SetFrequencyAndMode, ATonePutOnGoesBeforeTheFrequency) {
     w.c.s.LastModeSent = "FM";
     w.c.s.ToneCode = "8";  // 88.5 Hz
     w.c.s.ToneEncode = "1";
-    w.write(14550000, "FM");
+    Write(w, 14550000, "FM");
     EXPECT_EQ(w.hex(), "08 85 00 00 0b 4a 85 00 00 0a 14 55 00 00 01");
     EXPECT_EQ(w.c.s.LastToneState, "810");
     EXPECT_EQ(w.c.f.lblEnc.backColour, Green);
@@ -184,7 +174,7 @@ TEST(SetFrequencyAndMode, AToneTakenOffGoesAfterTheFrequency) {
     Wire w(RigFT817, Bytes({0}));
     w.c.s.LastModeSent = "FM";
     w.c.s.LastToneState = "810";
-    w.write(14550000, "FM");
+    Write(w, 14550000, "FM");
     EXPECT_EQ(w.hex(), "14 55 00 00 01 8a 00 00 00 0a");
     EXPECT_EQ(w.c.s.ToneEncode, "0");
     EXPECT_TRUE(w.c.s.ToneDisplayChanged);
@@ -196,7 +186,7 @@ TEST(SetFrequencyAndMode, WithTheDecoderOnANewToneGoesAfterTheFrequency) {
     w.c.s.LastToneState = "801";
     w.c.s.ToneCode = "9";
     w.c.s.ToneDecode = "1";
-    w.write(14550000, "FM");
+    Write(w, 14550000, "FM");
     // Tone 91.5 Hz is the FT-847's code 59 (3B); decoder only is mode 2A.
     EXPECT_EQ(w.hex(), "14 55 00 00 01 3b 00 00 00 0b 2a 00 00 00 0a");
 }
@@ -206,7 +196,7 @@ TEST(SetFrequencyAndMode, TheFt1000mpAndTheReceiversSendNoTone) {
         Wire w(rig);
         w.c.s.LastModeSent = "FM";
         w.c.s.ToneEncode = "1";
-        w.write(2910000, "FM");
+        Write(w, 2910000, "FM");
         EXPECT_EQ(w.hex(), "00 00 91 02 0a") << rig.toStdString();
     }
 }
@@ -308,20 +298,6 @@ TEST(ModeButtons, AClickWhileTransmittingIsLost) {
     EXPECT_FALSE(w.c.s.ModeButtonPending);
     EXPECT_TRUE(w.hex().isEmpty());
 }
-
-// A connected station on the simulated rig, with polling off so that only the writes of the
-// tick reach the rig.
-struct OnAir : Station {
-    explicit OnAir(const QString& rigType) : Station(rigType) {
-        load();
-        switchOn();
-        c.s.PollingDelay = 99;
-        c.s.ForceUpdate = false;
-        tick();
-        rig().clearTrace();
-    }
-    void tick() { tmrPollInterval_Timer(c); }
-};
 
 TEST(ModeButtons, AClickSendsNothingUntilTheNextTick) {
     OnAir st(RigFT857);

@@ -161,6 +161,40 @@ void ScriptedRig::replies(const QByteArray& bytes) {
     scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
 }
 
+Wire::Wire(const QString& rig, const QByteArray& reply) : ScriptedRig(rig) {
+    if (!reply.isEmpty()) replies(reply);
+    c.s.LastToneState = c.s.ToneCode + c.s.ToneEncode + c.s.ToneDecode;
+}
+
+QString Wire::hex() {
+    return scriptedPort->allWritten().toHex(' ');
+}
+
+QByteArray Wire::text() {
+    return scriptedPort->allWritten();
+}
+
+void Wire::clear() {
+    scriptedPort->written.clear();
+}
+
+OnAir::OnAir(const QString& rigType) : Station(rigType) {
+    load();
+    switchOn();
+    c.s.PollingDelay = 99;
+    c.s.ForceUpdate = false;
+    tick();
+    rig().clearTrace();
+}
+
+void OnAir::tick() {
+    tmrPollInterval_Timer(c);
+}
+
+uint8_t& OnAir::memory(int address) {
+    return rig().state().eeprom[static_cast<size_t>(address)];
+}
+
 QByteArray Bytes(std::initializer_list<int> values) {
     QByteArray out;
     for (int v : values) out.append(static_cast<char>(v));

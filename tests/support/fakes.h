@@ -170,6 +170,23 @@ struct ScriptedRig : Harness {
     void replies(const QByteArray& bytes);
 };
 
+// A scripted rig whose written bytes a test reads as hex or as text. The tone state counts as
+// sent, so that only what a test changes goes out.
+struct Wire : ScriptedRig {
+    explicit Wire(const QString& rig, const QByteArray& reply = {});
+    QString hex();
+    QByteArray text();
+    void clear();
+};
+
+// A connected station on the simulated rig with polling off, so that only the writes of the
+// tick reach the rig; its trace starts empty.
+struct OnAir : Station {
+    explicit OnAir(const QString& rigType);
+    void tick();
+    uint8_t& memory(int address);
+};
+
 // Bytes from a list of values.
 QByteArray Bytes(std::initializer_list<int> values);
 
