@@ -46,9 +46,19 @@ W* Named(W* widget, const char* name, const Control& control) {
     return widget;
 }
 
+void ShowTip(QWidget* w, const QString& tip) {
+    if (w->toolTip() != tip) w->setToolTip(tip);
+}
+
 void ShowControl(QWidget* w, const Control& control) {
     if (w->isEnabled() != control.enabled) w->setEnabled(control.enabled);
     if (w->isVisibleTo(w->parentWidget()) != control.visible) w->setVisible(control.visible);
+    ShowTip(w, control.toolTip);
+}
+
+template <typename W>
+void ShowText(W* w, const QString& text) {
+    if (w->text() != text) w->setText(text);
 }
 
 void ShowColour(QWidget* w, Colour colour) {
@@ -92,7 +102,12 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     conn->addWidget(cmdTenMinCounter_);
     top->addWidget(connection);
 
-    // Frequency display.
+    // The operating area: frequency and modes on the left, transmit and repeater beside them.
+    auto* operating = new QGridLayout();
+    operating->setColumnStretch(0, 1);
+    top->addLayout(operating);
+
+    // Frequency display, with the VFO buttons beside it.
     auto* display = new QGroupBox("Rig", central);
     auto* disp = new QHBoxLayout(display);
     txtVfoA_ = Named(new QLineEdit(display), "txtVfoA", f.txtVfoA);
@@ -104,115 +119,131 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     txtVfoA_->setMinimumWidth(200);
     txtMode_ = Named(new QLineEdit(display), "txtMode", f.txtMode);
     txtMode_->setReadOnly(true);
+    txtMode_->setMinimumWidth(56);
     txtMode_->setMaximumWidth(80);
     lblRigMode_ = Named(new QLabel(display), "lblRigMode", f.lblRigMode);
     disp->addWidget(txtVfoA_);
     disp->addWidget(txtMode_);
     disp->addWidget(lblRigMode_);
     disp->addStretch();
-    top->addWidget(display);
+    disp->addWidget(button(display, "cmdVFOtoggle", f.cmdVFOtoggle, cmdVFOtoggle_Click));
+    disp->addWidget(button(display, "cmdVFOSEqual", f.cmdVFOSEqual, cmdVFOSEqual_Click));
+    disp->addWidget(button(display, "cmdVFOBOff", f.cmdVFOBOff, cmdVFOBOff_Click));
+    disp->addWidget(button(display, "cmdMeters", f.cmdMeters, {}));
+    operating->addWidget(display, 0, 0);
 
-    // Meter with its scale in fixed-pitch type, and the signal threshold below it.
+    // Mode buttons under the frequency; the narrow mark sits beside button 6.
+    auto* modes = new QGroupBox("Mode", central);
+    modeGrid_ = new QGridLayout(modes);
+    for (int i = 0; i < 12; ++i) {
+        QPushButton* b = button(modes, QString("Command2_%1").arg(i), f.Command2[i],
+                                [i](Core& c) { Command2_Click(c, i); });
+        modeCells_[i] = b;
+        if (i == 6) {
+            auto* cell = new QWidget(modes);
+            auto* cl = new QHBoxLayout(cell);
+            cl->setContentsMargins(0, 0, 0, 0);
+            cl->setSpacing(2);
+            b->setParent(cell);
+            cl->addWidget(b, 1);
+            auto* narrow = light(cell, "lblNarrow", f.lblNarrow);
+            narrow->setMinimumWidth(16);
+            cl->addWidget(narrow);
+            modeCells_[i] = cell;
+        }
+        modeCells_[i]->hide();
+    }
+    operating->addWidget(modes, 1, 0);
+
+    // Transmit: the TX/RX button, its enable box and split.
+    auto* tx = new QGroupBox("Transmit", central);
+    auto* txl = new QHBoxLayout(tx);
+    auto* txRx = button(tx, "cmdTxRx", f.cmdTxRx, cmdTxRx_Click);
+    buttons_.back().tipSuffix = "(F9) ";
+    txRx->setCheckable(true);
+    txRx->setShortcut(Qt::Key_F9);
+    txRx->setMinimumSize(96, 40);
+    QFont txFont = txRx->font();
+    txFont.setPointSize(txFont.pointSize() + 2);
+    txRx->setFont(txFont);
+    txl->addWidget(txRx);
+    auto* txChecks = new QVBoxLayout();
+    chkTransmitEnable_ =
+        check(tx, "chkTransmitEnable", f.chkTransmitEnable, chkTransmitEnable_Click);
+    chkSplit_ = check(tx, "chkSplit", f.chkSplit, chkSplit_Click);
+    txChecks->addWidget(chkTransmitEnable_);
+    txChecks->addWidget(chkSplit_);
+    txl->addLayout(txChecks);
+    txl->addStretch();
+    operating->addWidget(tx, 0, 1);
+
+    // Repeater: shift and CTCSS tone.
+    auto* repeater = new QGroupBox("Repeater", central);
+    auto* rl = new QGridLayout(repeater);
+    shiftLabel_ = new QLabel("Shift", repeater);
+    rl->addWidget(shiftLabel_, 0, 0);
+    auto* shifts = new QHBoxLayout();
+    shifts->addWidget(button(repeater, "cmdShiftMinus", f.cmdShiftMinus, cmdShiftMinus_Click));
+    shifts->addWidget(
+        button(repeater, "cmdShiftSimplex", f.cmdShiftSimplex, cmdShiftSimplex_Click));
+    shifts->addWidget(button(repeater, "cmdShiftPlus", f.cmdShiftPlus, cmdShiftPlus_Click));
+    rl->addLayout(shifts, 0, 1);
+    rl->addWidget(new QLabel("CTCSS", repeater), 1, 0);
+    auto* tone = new QHBoxLayout();
+    cboCTCSS_ = Named(new QComboBox(repeater), "cboCTCSS", f.cboCTCSS);
+    cboCTCSS_->setPlaceholderText("tone");
+    cboCTCSS_->setMinimumContentsLength(6);
+    tone->addWidget(cboCTCSS_);
+    tone->addWidget(light(repeater, "lblEnc", f.lblEnc));
+    tone->addWidget(light(repeater, "lblDec", f.lblDec));
+    tone->addWidget(light(repeater, "lblCTCSSFreq", f.lblCTCSSFreq));
+    rl->addLayout(tone, 1, 1);
+    rl->setRowStretch(2, 1);
+    connect(cboCTCSS_, &QComboBox::activated, this, [this](int index) {
+        if (!rendering_) c_.f.cboCTCSS.listIndex = index;
+    });
+    operating->addWidget(repeater, 1, 1);
+
+    // Meter with its scale in fixed-pitch type above a bar of the same width, so that each
+    // mark stands over its level; the signal threshold below it.
     auto* meter = new QGroupBox("S-meter", central);
     auto* met = new QVBoxLayout(meter);
     auto* scale = new QLabel("..1...3...5...7...9   20  40 60", meter);
     scale->setObjectName("Label1");
-    scale->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont scaleFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    scaleFont.setPointSize(scaleFont.pointSize() + 3);
+    scale->setFont(scaleFont);
+    const int barWidth = scale->fontMetrics().horizontalAdvance(scale->text()) + 4;
     pbarSmeter_ = Named(new QProgressBar(meter), "pbarSmeter", f.pbarSmeter);
     pbarSmeter_->setTextVisible(false);
+    pbarSmeter_->setFixedWidth(barWidth);
     auto* lblGotSignal = new QLabel("Click below to set 'got a signal' s-meter level", meter);
     lblGotSignal->setObjectName("lblGotSignal");
     pbarGotSignal_ = Named(new QProgressBar(meter), "pbarGotSignal", f.pbarGotSignal);
     pbarGotSignal_->setTextVisible(false);
     pbarGotSignal_->setMaximumHeight(10);
+    pbarGotSignal_->setFixedWidth(barWidth);
     pbarGotSignal_->installEventFilter(this);
-    met->addWidget(scale);
-    met->addWidget(pbarSmeter_);
-    met->addWidget(lblGotSignal);
-    met->addWidget(pbarGotSignal_);
-    // The state lights.
+    auto* bars = new QVBoxLayout();
+    bars->addWidget(scale);
+    bars->addWidget(pbarSmeter_);
+    bars->addWidget(lblGotSignal);
+    bars->addWidget(pbarGotSignal_);
+    // The state lights beside the bars.
     auto* lights = new QHBoxLayout();
     for (auto [name, model] : {std::pair<const char*, Label*>{"lblTX", &f.lblTX},
                                {"lblRX", &f.lblRX},
                                {"lblSQL", &f.lblSQL},
                                {"lblDCS", &f.lblDCS},
-                               {"lblDISC", &f.lblDISC}}) {
-        auto* light = Named(new QLabel(model->caption, meter), name, *model);
-        light->setAlignment(Qt::AlignCenter);
-        light->setFrameShape(QFrame::Panel);
-        light->setMinimumWidth(44);
-        lights->addWidget(light);
-        lights_.emplace_back(light, model);
-    }
-    lights->addStretch();
-    met->addLayout(lights);
+                               {"lblDISC", &f.lblDISC}})
+        lights->addWidget(light(meter, name, *model), 0, Qt::AlignVCenter);
+    auto* ml = new QHBoxLayout();
+    ml->addLayout(bars);
+    ml->addSpacing(24);
+    ml->addLayout(lights);
+    ml->addStretch();
+    met->addLayout(ml);
     top->addWidget(meter);
-
-    // VFO buttons beside the frequency.
-    disp->addWidget(button(display, "cmdVFOtoggle", f.cmdVFOtoggle, cmdVFOtoggle_Click));
-    disp->addWidget(button(display, "cmdVFOSEqual", f.cmdVFOSEqual, cmdVFOSEqual_Click));
-    disp->addWidget(button(display, "cmdVFOBOff", f.cmdVFOBOff, cmdVFOBOff_Click));
-    disp->addWidget(button(display, "cmdMeters", f.cmdMeters, {}));
-
-    // Mode buttons, two rows of six.
-    auto* modes = new QGroupBox("Mode", central);
-    auto* ml = new QGridLayout(modes);
-    for (int i = 0; i < 12; ++i) {
-        const QByteArray name = "Command2_" + QByteArray::number(i);
-        ml->addWidget(
-            button(modes, name.constData(), f.Command2[i], [i](Core& c) { Command2_Click(c, i); }),
-            i / 6, i % 6);
-    }
-    lblNarrow_ = Named(new QLabel(f.lblNarrow.caption, modes), "lblNarrow", f.lblNarrow);
-    ml->addWidget(lblNarrow_, 0, 6);
-    top->addWidget(modes);
-
-    // Repeater: shift and CTCSS tone.
-    auto* repeater = new QGroupBox("Repeater", central);
-    auto* rl = new QHBoxLayout(repeater);
-    rl->addWidget(new QLabel("Shift", repeater));
-    rl->addWidget(button(repeater, "cmdShiftMinus", f.cmdShiftMinus, cmdShiftMinus_Click));
-    rl->addWidget(button(repeater, "cmdShiftSimplex", f.cmdShiftSimplex, cmdShiftSimplex_Click));
-    rl->addWidget(button(repeater, "cmdShiftPlus", f.cmdShiftPlus, cmdShiftPlus_Click));
-    rl->addSpacing(16);
-    rl->addWidget(new QLabel("CTCSS", repeater));
-    cboCTCSS_ = Named(new QComboBox(repeater), "cboCTCSS", f.cboCTCSS);
-    rl->addWidget(cboCTCSS_);
-    for (auto [name, model] : {std::pair<const char*, Label*>{"lblEnc", &f.lblEnc},
-                               {"lblDec", &f.lblDec},
-                               {"lblCTCSSFreq", &f.lblCTCSSFreq}}) {
-        auto* light = Named(new QLabel(model->caption, repeater), name, *model);
-        light->setAlignment(Qt::AlignCenter);
-        light->setFrameShape(QFrame::Panel);
-        light->setMinimumWidth(44);
-        rl->addWidget(light);
-        lights_.emplace_back(light, model);
-    }
-    rl->addStretch();
-    top->addWidget(repeater);
-    connect(cboCTCSS_, &QComboBox::activated, this, [this](int index) {
-        if (!rendering_) c_.f.cboCTCSS.listIndex = index;
-    });
-
-    // Transmit and scan.
-    auto* tx = new QGroupBox("Transmit and scan", central);
-    auto* txl = new QHBoxLayout(tx);
-    auto* txRx = button(tx, "cmdTxRx", f.cmdTxRx, cmdTxRx_Click);
-    txRx->setCheckable(true);
-    txRx->setShortcut(Qt::Key_F9);
-    txRx->setToolTip(f.cmdTxRx.toolTip + "(F9) ");
-    txl->addWidget(txRx);
-    chkTransmitEnable_ =
-        check(tx, "chkTransmitEnable", f.chkTransmitEnable, chkTransmitEnable_Click);
-    chkSplit_ = check(tx, "chkSplit", f.chkSplit, chkSplit_Click);
-    txl->addWidget(chkTransmitEnable_);
-    txl->addWidget(chkSplit_);
-    txl->addStretch();
-    cmdScanMemOrBank_ = button(tx, "cmdScanMemOrBank", f.cmdScanMemOrBank, {});
-    cmdStartStopScan_ = button(tx, "cmdStartStopScan", f.cmdStartStopScan, {});
-    txl->addWidget(cmdScanMemOrBank_);
-    txl->addWidget(cmdStartStopScan_);
-    top->addWidget(tx);
 
     // The frame of the rig in use; the others stay hidden.
     auto frame = [&](const Frame& model, const char* name) {
@@ -222,12 +253,19 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
         top->addWidget(box);
         return box;
     };
+    auto rigName = [&](QWidget* parent, const char* name, Label& model) {
+        auto* label = Named(new QLabel(model.caption, parent), name, model);
+        QFont bold = label->font();
+        bold.setBold(true);
+        label->setFont(bold);
+        labels_.push_back({label, &model});
+        return label;
+    };
     auto featureRow =
-        [&](QGroupBox* box, Label& rigName, const char* rigNameObject,
+        [&](QGroupBox* box, Label& name, const char* nameObject,
             std::initializer_list<std::tuple<const char*, CommandButton*, void (*)(Core&)>> rows) {
             auto* row = new QHBoxLayout(box);
-            row->addWidget(Named(new QLabel(box), rigNameObject, rigName));
-            rigNames_.emplace_back(static_cast<QLabel*>(row->itemAt(0)->widget()), &rigName);
+            row->addWidget(rigName(box, nameObject, name));
             for (auto [objectName, model, handler] : rows)
                 row->addWidget(button(box, objectName, *model, handler));
             row->addStretch();
@@ -250,66 +288,97 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
                 {"cmdFT857Fast", &f.cmdFT857Fast, cmdFT857Fast_Click},
                 {"cmdFT857Lock", &f.cmdFT857Lock, cmdFT857Lock_Click}});
     {
-        QHBoxLayout* row = featureRow(frame(f.frmFT817, "frmFT817"), f.lblFT817, "lblFT817", {});
-        row->insertWidget(1, new QLabel("AGC", central));
+        QGroupBox* box = frame(f.frmFT817, "frmFT817");
+        QHBoxLayout* row = featureRow(box, f.lblFT817, "lblFT817", {});
+        row->insertSpacing(1, 16);
+        row->insertWidget(2, new QLabel("AGC", box));
         static const char* const kAgc[] = {"Auto", "Fast", "Slow", "Off"};
         for (int i = 0; i < 4; ++i) {
-            auto* o = new QRadioButton(kAgc[i], central);
-            o->setObjectName(QString("optFT817AGC_%1").arg(i));
-            row->insertWidget(2 + i, o);
-            options_.emplace_back(o, &f.optFT817AGC[i]);
-            connect(o, &QRadioButton::clicked, this, [this, i] {
-                if (rendering_) return;
-                for (int k = 0; k < 4; ++k) c_.f.optFT817AGC[k].value = k == i;
-                handle([i](Core& c) { optFT817AGC_Click(c, i); });
-            });
+            row->insertWidget(3 + i, option(box, QString("optFT817AGC_%1").arg(i), f.optFT817AGC[i],
+                                            kAgc[i], [this, i] {
+                                                for (int k = 0; k < 4; ++k)
+                                                    c_.f.optFT817AGC[k].value = k == i;
+                                                handle([i](Core& c) { optFT817AGC_Click(c, i); });
+                                            }));
         }
     }
     frame(f.frmFT847, "frmFT847");
     frame(f.frmFRG100, "frmFRG100");
     {
         // Bandwidths by button: 250 Hz, 500 Hz, 2.0 kHz, 2.4 kHz, 6 kHz.
-        auto* grid = new QGridLayout(frame(f.frmFT1000MP, "frmFT1000MP"));
+        QGroupBox* box = frame(f.frmFT1000MP, "frmFT1000MP");
+        auto* grid = new QGridLayout(box);
         static const char* const kWidths[] = {"250", "500", "2.0k", "2.4k", "6k"};
-        grid->addWidget(new QLabel("8.2 MHz", central), 0, 0);
-        grid->addWidget(new QLabel("455 kHz", central), 1, 0);
+        grid->addWidget(new QLabel("8.2 MHz filter", box), 0, 0);
+        grid->addWidget(new QLabel("455 kHz filter", box), 1, 0);
         for (int i = 0; i < 5; ++i) {
-            f.cmdFT1000MP_Filter_82[i].caption = kWidths[i];
-            f.cmdFT1000MP_Filter_455[i].caption = kWidths[i];
-            const QByteArray n82 = "cmdFT1000MP_Filter_82_" + QByteArray::number(i);
-            const QByteArray n455 = "cmdFT1000MP_Filter_455_" + QByteArray::number(i);
-            grid->addWidget(button(central, n82.constData(), f.cmdFT1000MP_Filter_82[i],
-                                   [i](Core& c) { cmdFT1000MP_Filter_82_Click(c, i); }),
-                            0, i + 1);
-            grid->addWidget(button(central, n455.constData(), f.cmdFT1000MP_Filter_455[i],
-                                   [i](Core& c) { cmdFT1000MP_Filter_455_Click(c, i); }),
-                            1, i + 1);
+            grid->addWidget(
+                button(
+                    box, QString("cmdFT1000MP_Filter_82_%1").arg(i), f.cmdFT1000MP_Filter_82[i],
+                    [i](Core& c) { cmdFT1000MP_Filter_82_Click(c, i); }, kWidths[i]),
+                0, i + 1);
+            grid->addWidget(
+                button(
+                    box, QString("cmdFT1000MP_Filter_455_%1").arg(i), f.cmdFT1000MP_Filter_455[i],
+                    [i](Core& c) { cmdFT1000MP_Filter_455_Click(c, i); }, kWidths[i]),
+                1, i + 1);
         }
+        grid->setColumnStretch(6, 1);
     }
     {
-        auto* row = new QHBoxLayout(frame(f.frmFT920, "frmFT920"));
-        f.cmdFT920Tuner.caption = "Tuner in/out";
-        row->addWidget(button(central, "cmdFT920Tuner", f.cmdFT920Tuner, cmdFT920Tuner_Click));
+        // The FT-920's VFO lights, antenna, dial speed and tuner.
+        QGroupBox* box = frame(f.frmFT920, "frmFT920");
+        auto* row = new QHBoxLayout(box);
+        auto shape = [&](const char* name, const char* caption, const Colour& colour) {
+            auto* s = new QLabel(caption, box);
+            s->setObjectName(name);
+            s->setAlignment(Qt::AlignCenter);
+            s->setFrameShape(QFrame::Panel);
+            s->setMinimumWidth(28);
+            shapes_.emplace_back(s, &colour);
+            return s;
+        };
+        row->addWidget(new QLabel("VFO A", box));
+        row->addWidget(shape("shpTxVfoA", "TX", f.shpTxVfoA));
+        row->addWidget(shape("shpRxVfoA", "RX", f.shpRxVfoA));
+        row->addSpacing(8);
+        row->addWidget(new QLabel("VFO B", box));
+        row->addWidget(shape("shpTxVfoB", "TX", f.shpTxVfoB));
+        row->addWidget(shape("shpRxVfoB", "RX", f.shpRxVfoB));
+        row->addSpacing(8);
+        row->addWidget(new QLabel("Ant", box));
+        row->addWidget(light(box, "lblAnt", f.lblAnt));
+        row->addWidget(light(box, "lblRXant", f.lblRXant));
+        row->addSpacing(8);
+        row->addWidget(new QLabel("Dial", box));
+        row->addWidget(light(box, "lblTune", f.lblTune));
+        row->addSpacing(8);
         row->addWidget(
-            button(central, "cmdFT920StartTune", f.cmdFT920StartTune, cmdFT920StartTune_Click));
+            button(box, "cmdFT920Tuner", f.cmdFT920Tuner, cmdFT920Tuner_Click, "Tuner in/out"));
+        row->addWidget(
+            button(box, "cmdFT920StartTune", f.cmdFT920StartTune, cmdFT920StartTune_Click));
         row->addStretch();
     }
     {
-        auto* row = new QHBoxLayout(frame(f.frmFT450, "frmFT450"));
+        QGroupBox* box = frame(f.frmFT450, "frmFT450");
+        auto* row = new QHBoxLayout(box);
+        const QString toggle = " Click to toggle %1 On/Off ";
+        row->addWidget(labelButton(box, "lbl450Tuner", f.lbl450Tuner, lbl450Tuner_Click, {},
+                                   toggle.arg("Tuner")));
+        row->addWidget(
+            labelButton(box, "lbl450Att", f.lbl450Att, lbl450Att_Click, {}, toggle.arg("ATT")));
+        row->addWidget(
+            labelButton(box, "lbl450Ipo", f.lbl450Ipo, lbl450Ipo_Click, {}, toggle.arg("IPO")));
+        row->addSpacing(8);
         static const char* const kAgc[] = {"AGC Auto", "AGC Slow", "AGC Fast", "AGC Off"};
-        for (int i = 0; i < 4; ++i) f.lbl450AGC[i].caption = kAgc[i];
-        f.lbl450Tuner.toolTip = " Click to toggle Tuner On/Off ";
-        row->addWidget(labelButton(central, "lbl450Tuner", f.lbl450Tuner, lbl450Tuner_Click));
-        row->addWidget(labelButton(central, "lbl450Att", f.lbl450Att, lbl450Att_Click));
-        row->addWidget(labelButton(central, "lbl450Ipo", f.lbl450Ipo, lbl450Ipo_Click));
         for (int i = 0; i < 4; ++i) {
-            const QByteArray name = "lbl450AGC_" + QByteArray::number(i);
-            row->addWidget(labelButton(central, name.constData(), f.lbl450AGC[i],
-                                       [i](Core& c) { lbl450AGC_Click(c, i); }));
+            row->addWidget(labelButton(
+                box, QString("lbl450AGC_%1").arg(i), f.lbl450AGC[i],
+                [i](Core& c) { lbl450AGC_Click(c, i); }, kAgc[i]));
         }
-        row->addWidget(button(central, "cmd450Tune", f.cmd450Tune, cmd450Tune_Click));
-        chkShowDSP_ =
-            Named(new QCheckBox(f.chkShowDSP.caption, central), "chkShowDSP", f.chkShowDSP);
+        row->addSpacing(8);
+        row->addWidget(button(box, "cmd450Tune", f.cmd450Tune, cmd450Tune_Click));
+        chkShowDSP_ = Named(new QCheckBox(f.chkShowDSP.caption, box), "chkShowDSP", f.chkShowDSP);
         chkShowDSP_->setEnabled(false);
         row->addWidget(chkShowDSP_);
         row->addStretch();
@@ -317,14 +386,13 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     // The VR-5000's tuning steps of the mode in use.
     auto steps = [&](const Frame& model, const char* name, auto& options, const char* object,
                      std::initializer_list<const char*> captions) {
-        auto* row = new QHBoxLayout(frame(model, name));
+        QGroupBox* box = frame(model, name);
+        auto* row = new QHBoxLayout(box);
         int i = 0;
         for (const char* caption : captions) {
-            auto* o = new QRadioButton(caption, central);
-            o->setObjectName(QString("%1_%2").arg(object).arg(i));
-            o->setEnabled(false);
-            row->addWidget(o);
-            options_.emplace_back(o, &options[i++]);
+            row->addWidget(
+                option(box, QString("%1_%2").arg(object).arg(i), options[i], caption, {}));
+            ++i;
         }
         row->addStretch();
     };
@@ -336,7 +404,7 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
           {"5k", "6.25k", "10k", "12.5k", "20k", "25k", "50k", "100k", "500k"});
     steps(f.frmVR5000WFM, "frmVR5000WFM", f.optWFM, "optWFM", {"10k", "50k", "100k", "500k"});
 
-    // Delays.
+    // Delays, and the scan buttons beside them.
     auto* delays = new QGroupBox(central);
     auto* dl = new QGridLayout(delays);
     chkSliders_ = Named(new QCheckBox(f.chkSliders.caption, delays), "chkSliders", f.chkSliders);
@@ -351,13 +419,18 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     lblCmdDelay_ = Named(new QLabel(delays), "lblCmdDelay", f.lblCmdDelay);
     lblAGCdelay_ = Named(new QLabel(delays), "lblAGCdelay", f.lblAGCdelay);
     lblExtra_ = Named(new QLabel(delays), "lblExtra", f.lblExtra);
+    auto* scan = new QHBoxLayout();
+    scan->addWidget(button(delays, "cmdScanMemOrBank", f.cmdScanMemOrBank, {}));
+    scan->addWidget(button(delays, "cmdStartStopScan", f.cmdStartStopScan, {}));
     dl->addWidget(chkSliders_, 0, 0);
+    dl->addLayout(scan, 0, 2, Qt::AlignRight);
     dl->addWidget(lblCmdDelay_, 1, 0);
     dl->addWidget(sldCMDdelay_, 1, 1);
     dl->addWidget(lblAGCdelay_, 2, 0);
     dl->addWidget(sldSmeterDelay_, 2, 1);
     dl->addWidget(lblExtra_, 3, 0);
     dl->addWidget(sldExtra_, 3, 1);
+    dl->setColumnStretch(1, 1);
     top->addWidget(delays);
     top->addStretch();
     setCentralWidget(central);
@@ -388,10 +461,11 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     render();
 }
 
-QPushButton* MainWindow::button(QWidget* parent, const char* name, CommandButton& model,
-                                std::function<void(Core&)> onClick) {
-    auto* b = Named(new QPushButton(model.caption, parent), name, model);
-    modelButtons_.emplace_back(b, &model);
+QPushButton* MainWindow::button(QWidget* parent, const QString& name, CommandButton& model,
+                                std::function<void(Core&)> onClick, const QString& fallback) {
+    auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
+    b->setObjectName(name);
+    buttons_.push_back({b, &model, fallback, {}, static_cast<bool>(onClick)});
     if (onClick) {
         connect(b, &QPushButton::clicked, this, [this, onClick] {
             if (!rendering_) handle(onClick);
@@ -400,14 +474,39 @@ QPushButton* MainWindow::button(QWidget* parent, const char* name, CommandButton
     return b;
 }
 
-QPushButton* MainWindow::labelButton(QWidget* parent, const char* name, Label& model,
-                                     std::function<void(Core&)> onClick) {
-    auto* b = Named(new QPushButton(model.caption, parent), name, model);
-    labelButtons_.emplace_back(b, &model);
+QPushButton* MainWindow::labelButton(QWidget* parent, const QString& name, Label& model,
+                                     std::function<void(Core&)> onClick, const QString& fallback,
+                                     const QString& fallbackTip) {
+    auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
+    b->setObjectName(name);
+    labelButtons_.push_back({b, &model, fallback, fallbackTip});
     connect(b, &QPushButton::clicked, this, [this, onClick] {
         if (!rendering_) handle(onClick);
     });
     return b;
+}
+
+QLabel* MainWindow::light(QWidget* parent, const char* name, Label& model) {
+    auto* l = Named(new QLabel(model.caption, parent), name, model);
+    l->setAlignment(Qt::AlignCenter);
+    l->setFrameShape(QFrame::Panel);
+    l->setMinimumWidth(44);
+    l->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    labels_.push_back({l, &model});
+    return l;
+}
+
+QRadioButton* MainWindow::option(QWidget* parent, const QString& name, OptionButton& model,
+                                 const QString& fallback, std::function<void()> onClick) {
+    auto* o = new QRadioButton(model.caption.isEmpty() ? fallback : model.caption, parent);
+    o->setObjectName(name);
+    options_.push_back({o, &model, fallback, static_cast<bool>(onClick)});
+    if (onClick) {
+        connect(o, &QRadioButton::clicked, this, [this, onClick] {
+            if (!rendering_) onClick();
+        });
+    }
+    return o;
 }
 
 QCheckBox* MainWindow::check(QWidget* parent, const char* name, CheckBox& model,
@@ -419,6 +518,18 @@ QCheckBox* MainWindow::check(QWidget* parent, const char* name, CheckBox& model,
         handle(onClick);
     });
     return box;
+}
+
+void MainWindow::arrangeModeButtons() {
+    for (QWidget* cell : modeCells_) modeGrid_->removeWidget(cell);
+    int shown = 0;
+    for (int i = 0; i < 12; ++i) {
+        modeCells_[i]->setVisible(modeShown_[i]);
+        if (modeShown_[i]) {
+            modeGrid_->addWidget(modeCells_[i], shown / 6, shown % 6);
+            ++shown;
+        }
+    }
 }
 
 void MainWindow::place() {
@@ -504,15 +615,16 @@ void MainWindow::render() {
 
     chkOnOff_->setChecked(f.chkOnOff.value == 1);
     ShowColour(chkOnOff_, f.chkOnOff.backColour);
-    lblTimeoutCount_->setText(f.lblTimeoutCount.caption);
+    ShowTip(chkOnOff_, f.chkOnOff.toolTip);
+    ShowText(lblTimeoutCount_, f.lblTimeoutCount.caption);
     ShowColour(lblTimeoutCount_, f.lblTimeoutCount.backColour);
-    lblUTC_->setText(f.lblUTC.caption);
-    cmdTenMinCounter_->setText(f.cmdTenMinCounter.caption);
+    ShowText(lblUTC_, f.lblUTC.caption);
+    ShowText(cmdTenMinCounter_, f.cmdTenMinCounter.caption);
     ShowColour(cmdTenMinCounter_, f.cmdTenMinCounter.backColour);
 
-    if (txtVfoA_->text() != f.txtVfoA.text) txtVfoA_->setText(f.txtVfoA.text);
-    if (txtMode_->text() != f.txtMode.text) txtMode_->setText(f.txtMode.text);
-    lblRigMode_->setText(f.lblRigMode.caption);
+    ShowText(txtVfoA_, f.txtVfoA.text);
+    ShowText(txtMode_, f.txtMode.text);
+    ShowText(lblRigMode_, f.lblRigMode.caption);
 
     pbarSmeter_->setRange(f.pbarSmeter.min, f.pbarSmeter.max);
     pbarSmeter_->setValue(f.pbarSmeter.value);
@@ -524,43 +636,64 @@ void MainWindow::render() {
     chkSplit_->setChecked(f.chkSplit.value == 1);
     ShowControl(chkSplit_, f.chkSplit);
 
-    for (auto [box, model] : frames_) ShowControl(box, *model);
-    for (auto [label, model] : rigNames_) label->setText(model->caption);
-    for (auto [option, model] : options_) {
-        if (option->isChecked() != model->value) option->setChecked(model->value);
+    std::array<bool, 12> modeShown{};
+    for (int i = 0; i < 12; ++i) modeShown[i] = f.Command2[i].visible;
+    if (modeShown != modeShown_) {
+        modeShown_ = modeShown;
+        arrangeModeButtons();
     }
-    for (auto [widget, model] : labelButtons_) {
-        widget->setText(model->caption);
-        ShowControl(widget, *model);
-        ShowColour(widget, model->backColour);
+
+    for (auto [box, model] : frames_) {
+        ShowControl(box, *model);
+        if (box->title() != model->caption) box->setTitle(model->caption);
     }
-    lblNarrow_->setText(f.lblNarrow.caption);
-    ShowControl(lblNarrow_, f.lblNarrow);
+    for (const OptionView& v : options_) {
+        ShowText(v.widget, v.model->caption.isEmpty() ? v.fallback : v.model->caption);
+        ShowControl(v.widget, *v.model);
+        if (!v.wired) v.widget->setEnabled(false);
+        if (v.widget->isChecked() != v.model->value) v.widget->setChecked(v.model->value);
+    }
+    for (const LabelButtonView& v : labelButtons_) {
+        ShowText(v.widget, v.model->caption.isEmpty() ? v.fallback : v.model->caption);
+        ShowControl(v.widget, *v.model);
+        if (v.model->toolTip.isEmpty()) ShowTip(v.widget, v.fallbackTip);
+        ShowColour(v.widget, v.model->backColour);
+    }
+    for (const LabelView& v : labels_) {
+        ShowText(v.widget, v.model->caption);
+        ShowControl(v.widget, *v.model);
+        ShowColour(v.widget, v.model->backColour);
+    }
+    for (auto [shape, colour] : shapes_) ShowColour(shape, *colour);
+
     ShowControl(chkShowDSP_, f.chkShowDSP);
     chkShowDSP_->setEnabled(false);
-    if (cboCTCSS_->count() != f.cboCTCSS.list.size() ||
-        (cboCTCSS_->count() > 0 && cboCTCSS_->itemText(0) != f.cboCTCSS.list.first())) {
+    if (shownTones_ != f.cboCTCSS.list) {
+        shownTones_ = f.cboCTCSS.list;
         cboCTCSS_->clear();
-        cboCTCSS_->addItems(f.cboCTCSS.list);
+        cboCTCSS_->addItems(shownTones_);
     }
     if (cboCTCSS_->currentIndex() != f.cboCTCSS.listIndex)
         cboCTCSS_->setCurrentIndex(f.cboCTCSS.listIndex);
     ShowControl(cboCTCSS_, f.cboCTCSS);
-    for (auto [widget, model] : modelButtons_) {
-        widget->setText(model->caption);
-        ShowControl(widget, *model);
-        ShowColour(widget, model->backColour);
-        if (widget->isCheckable() && widget->isChecked() != model->pressed)
-            widget->setChecked(model->pressed);
-        if (widget->font().bold() != model->bold) {
-            QFont font = widget->font();
-            font.setBold(model->bold);
-            widget->setFont(font);
+    // The shift label goes with the rig's shift buttons.
+    shiftLabel_->setVisible(f.cmdShiftMinus.visible || f.cmdShiftSimplex.visible ||
+                            f.cmdShiftPlus.visible);
+
+    for (const ButtonView& v : buttons_) {
+        const CommandButton& model = *v.model;
+        ShowText(v.widget, model.caption.isEmpty() ? v.fallback : model.caption);
+        ShowControl(v.widget, model);
+        if (!v.tipSuffix.isEmpty()) ShowTip(v.widget, model.toolTip + v.tipSuffix);
+        if (!v.wired) v.widget->setEnabled(false);
+        ShowColour(v.widget, model.backColour);
+        if (v.widget->isCheckable() && v.widget->isChecked() != model.pressed)
+            v.widget->setChecked(model.pressed);
+        if (v.widget->font().bold() != model.bold) {
+            QFont font = v.widget->font();
+            font.setBold(model.bold);
+            v.widget->setFont(font);
         }
-    }
-    for (auto [widget, model] : lights_) {
-        widget->setText(model->caption);
-        ShowColour(widget, model->backColour);
     }
 
     for (auto [action, item] : menuItems_) {
@@ -574,11 +707,11 @@ void MainWindow::render() {
     ShowSlider(sldCMDdelay_, f.sldCMDdelay);
     ShowSlider(sldSmeterDelay_, f.sldSmeterDelay);
     ShowSlider(sldExtra_, f.sldExtra);
-    lblCmdDelay_->setText(f.lblCmdDelay.caption);
+    ShowText(lblCmdDelay_, f.lblCmdDelay.caption);
     ShowControl(lblCmdDelay_, f.lblCmdDelay);
-    lblAGCdelay_->setText(f.lblAGCdelay.caption);
+    ShowText(lblAGCdelay_, f.lblAGCdelay.caption);
     ShowControl(lblAGCdelay_, f.lblAGCdelay);
-    lblExtra_->setText(f.lblExtra.caption);
+    ShowText(lblExtra_, f.lblExtra.caption);
     ShowControl(lblExtra_, f.lblExtra);
 
     messages_->render();

@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -17,6 +18,7 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QSlider;
+class QGridLayout;
 class QGroupBox;
 class QAction;
 
@@ -40,15 +42,47 @@ class MainWindow : public QMainWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    // A widget shown from a control of Form1. The fallback caption stands in while the
+    // control's own is empty; an unwired widget has no handler and always looks disabled.
+    struct ButtonView {
+        QPushButton* widget;
+        const CommandButton* model;
+        QString fallback;
+        QString tipSuffix;
+        bool wired;
+    };
+    struct LabelView {
+        QLabel* widget;
+        const Label* model;
+    };
+    struct LabelButtonView {
+        QPushButton* widget;
+        const Label* model;
+        QString fallback;
+        QString fallbackTip;
+    };
+    struct OptionView {
+        QRadioButton* widget;
+        const OptionButton* model;
+        QString fallback;
+        bool wired;
+    };
+
     // Runs a handler, then shows its effect.
     void handle(const std::function<void(Core&)>& handler);
     void buildMenus();
     // A widget for a control of Form1, connected to its handler.
-    QPushButton* button(QWidget* parent, const char* name, CommandButton& model,
-                        std::function<void(Core&)> onClick);
-    QPushButton* labelButton(QWidget* parent, const char* name, Label& model,
-                             std::function<void(Core&)> onClick);
+    QPushButton* button(QWidget* parent, const QString& name, CommandButton& model,
+                        std::function<void(Core&)> onClick, const QString& fallback = {});
+    QPushButton* labelButton(QWidget* parent, const QString& name, Label& model,
+                             std::function<void(Core&)> onClick, const QString& fallback = {},
+                             const QString& fallbackTip = {});
+    QLabel* light(QWidget* parent, const char* name, Label& model);
+    QRadioButton* option(QWidget* parent, const QString& name, OptionButton& model,
+                         const QString& fallback, std::function<void()> onClick);
     QCheckBox* check(QWidget* parent, const char* name, CheckBox& model, void (*onClick)(Core&));
+    // Puts the visible mode buttons in rows, with no gaps where the rig has no button.
+    void arrangeModeButtons();
 
     Core& c_;
     MessagesWindow* messages_;
@@ -63,10 +97,9 @@ class MainWindow : public QMainWindow {
     QProgressBar* pbarGotSignal_;
     QCheckBox* chkTransmitEnable_;
     QCheckBox* chkSplit_;
-    QPushButton* cmdStartStopScan_;
-    QPushButton* cmdScanMemOrBank_;
+    QLabel* shiftLabel_;
     QComboBox* cboCTCSS_;
-    QLabel* lblNarrow_;
+    QStringList shownTones_;
     QCheckBox* chkShowDSP_;
     QCheckBox* chkSliders_;
     QSlider* sldCMDdelay_;
@@ -75,13 +108,16 @@ class MainWindow : public QMainWindow {
     QLabel* lblCmdDelay_;
     QLabel* lblAGCdelay_;
     QLabel* lblExtra_;
-    std::vector<std::pair<QPushButton*, CommandButton*>> modelButtons_;
-    std::vector<std::pair<QPushButton*, Label*>> labelButtons_;
+    QGridLayout* modeGrid_;
+    std::array<QWidget*, 12> modeCells_{};
+    std::array<bool, 12> modeShown_{};
+    std::vector<ButtonView> buttons_;
+    std::vector<LabelView> labels_;
+    std::vector<LabelButtonView> labelButtons_;
+    std::vector<OptionView> options_;
     std::vector<std::pair<QGroupBox*, const Frame*>> frames_;
-    std::vector<std::pair<QLabel*, Label*>> rigNames_;
-    std::vector<std::pair<QRadioButton*, OptionButton*>> options_;
+    std::vector<std::pair<QLabel*, const Colour*>> shapes_;
     std::vector<std::pair<QAction*, MenuItem*>> menuItems_;
-    std::vector<std::pair<QLabel*, Label*>> lights_;
     bool rendering_ = false;
 };
 
