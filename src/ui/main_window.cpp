@@ -24,6 +24,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSlider>
 #include <QVBoxLayout>
 
@@ -161,7 +162,11 @@ MainWindow::MainWindow(Core& core) : c_(core), messages_(new MessagesWindow(core
     auto* txRx = button(tx, "cmdTxRx", f.cmdTxRx, cmdTxRx_Click);
     buttons_.back().tipSuffix = "(F9) ";
     txRx->setCheckable(true);
-    txRx->setShortcut(Qt::Key_F9);
+    // F9 works the button from anywhere in the window. A shortcut of the button itself would
+    // be lost whenever its caption changes, since a new caption brings its own mnemonic.
+    auto* f9 = new QShortcut(QKeySequence(Qt::Key_F9), this);
+    f9->setObjectName("shortcutTxRx");
+    connect(f9, &QShortcut::activated, txRx, &QPushButton::click);
     txRx->setMinimumSize(96, 40);
     QFont txFont = txRx->font();
     txFont.setPointSize(txFont.pointSize() + 2);

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -192,6 +193,69 @@ TEST_F(WindowOverPty, AModeButtonAndTheTxRxButtonWorkTheRig) {
     QTest::mouseClick(txRx, Qt::LeftButton);
     EXPECT_TRUE(waitForRig("ptt", "0"));
     EXPECT_EQ(txRx->text(), "tx/RX");
+}
+
+TEST_F(WindowOverPty, TheShiftButtonsSetTheRigsRepeaterShift) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    ClickCheckBox(app.window().findChild<QCheckBox*>("chkOnOff"));
+    ASSERT_TRUE(waitForRig("catOn", "1"));
+    const std::pair<const char*, const char*> presses[] = {
+        {"cmdShiftMinus", "-"}, {"cmdShiftPlus", "+"}, {"cmdShiftSimplex", "0"}};
+    for (auto [name, shift] : presses) {
+        auto* button = app.window().findChild<QPushButton*>(name);
+        ASSERT_NE(button, nullptr) << name;
+        ASSERT_TRUE(button->isVisible()) << name;
+        QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_TRUE(waitForRig("shift", shift)) << name;
+    }
+}
+
+// The caption of TX/RX changes with each press; F9 must go on working through the changes.
+TEST_F(WindowOverPty, F9KeysAndUnkeysTheRigOnceTransmittingIsEnabled) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    QWidget& window = app.window();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ClickCheckBox(window.findChild<QCheckBox*>("chkOnOff"));
+    ASSERT_TRUE(waitForRig("catOn", "1"));
+    auto* txRx = window.findChild<QPushButton*>("cmdTxRx");
+    EXPECT_TRUE(txRx->toolTip().contains("F9"));
+
+    QTest::keyClick(&window, Qt::Key_F9);  // not yet enabled: the rig stays on receive
+    QTest::qWait(300);
+    EXPECT_EQ(rigState("ptt"), "0");
+
+    ClickCheckBox(window.findChild<QCheckBox*>("chkTransmitEnable"));
+    for (int round = 0; round < 2; ++round) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F9);
+        EXPECT_TRUE(waitForRig("ptt", "1")) << round;
+        EXPECT_TRUE(txRx->isChecked());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F9);
+        EXPECT_TRUE(waitForRig("ptt", "0")) << round;
+        EXPECT_FALSE(txRx->isChecked());
+    }
+}
+
+TEST_F(WindowOverPty, TheToneChosenInTheListStaysChosenThroughTheReadings) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    ClickCheckBox(app.window().findChild<QCheckBox*>("chkOnOff"));
+    ASSERT_TRUE(waitForRig("catOn", "1"));
+    auto* tones = app.window().findChild<QComboBox*>("cboCTCSS");
+    ASSERT_NE(tones, nullptr);
+    ASSERT_EQ(tones->count(), app.core().f.cboCTCSS.list.size());
+    ASSERT_GT(tones->count(), 3);
+    EXPECT_EQ(tones->currentIndex(), -1);
+    tones->setFocus();
+    QTest::keyClick(tones, Qt::Key_Down);
+    QTest::keyClick(tones, Qt::Key_Down);
+    QTest::keyClick(tones, Qt::Key_Down);
+    EXPECT_EQ(app.core().f.cboCTCSS.listIndex, 2);
+    QTest::qWait(300);  // readings come and go, each showing the form again
+    EXPECT_EQ(tones->currentIndex(), 2);
+    EXPECT_EQ(tones->currentText(), app.core().f.cboCTCSS.list[2]);
 }
 
 // The window fitted to each rig on the built-in simulated port. With VELDOR_SCREENSHOTS set
