@@ -60,27 +60,13 @@ void cmdFT857DBF_Click(Core& c);
 void cmdFT857Lock_Click(Core& c);
 void cmdFT857Fast_Click(Core& c);
 // The FT-897's buttons raise the same requests as the FT-857's.
-inline void cmdFT897Processor_Click(Core& c) {
-    cmdFT857Processor_Click(c);
-}
-inline void cmdFT897NoiseBlanker_Click(Core& c) {
-    cmdFT857NoiseBlanker_Click(c);
-}
-inline void cmdFT897DNF_Click(Core& c) {
-    cmdFT857DNF_Click(c);
-}
-inline void cmdFT897DNR_Click(Core& c) {
-    cmdFT857DNR_Click(c);
-}
-inline void cmdFT897DBF_Click(Core& c) {
-    cmdFT857DBF_Click(c);
-}
-inline void cmdFT897Lock_Click(Core& c) {
-    cmdFT857Lock_Click(c);
-}
-inline void cmdFT897Fast_Click(Core& c) {
-    cmdFT857Fast_Click(c);
-}
+inline constexpr auto& cmdFT897Processor_Click = cmdFT857Processor_Click;
+inline constexpr auto& cmdFT897NoiseBlanker_Click = cmdFT857NoiseBlanker_Click;
+inline constexpr auto& cmdFT897DNF_Click = cmdFT857DNF_Click;
+inline constexpr auto& cmdFT897DNR_Click = cmdFT857DNR_Click;
+inline constexpr auto& cmdFT897DBF_Click = cmdFT857DBF_Click;
+inline constexpr auto& cmdFT897Lock_Click = cmdFT857Lock_Click;
+inline constexpr auto& cmdFT897Fast_Click = cmdFT857Fast_Click;
 void optFT817AGC_Click(Core& c, int index);
 // Whether each reading also reads the FT-817's AGC and sets the option.
 void mnuFT817AGCmonitor_Click(Core& c);

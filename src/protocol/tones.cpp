@@ -10,12 +10,15 @@ namespace veldor {
 
 namespace {
 
-// The tone mode byte of the binary rigs: 8A off, 2A decoder (tone squelch), 4A encoder.
-uint8_t BinaryToneMode(const QString& encode, const QString& decode) {
-    if (encode == "0" && decode == "0") return 0x8A;
-    if (decode == "1" && encode == "0") return 0x2A;
-    return 0x4A;
+// The tone mode by the two switches: 0 off, 1 decoder only, 2 encoder (with or without the
+// decoder). Each rig names these three its own way.
+int ToneMode(const QString& encode, const QString& decode) {
+    if (encode == "0" && decode == "0") return 0;
+    if (decode == "1" && encode == "0") return 1;
+    return 2;
 }
+constexpr uint8_t kBinaryToneModes[] = {0x8A, 0x2A, 0x4A};
+constexpr uint8_t kFt450ToneModes[] = {0, 2, 1};
 
 void CheckToneIndex(int index, size_t listSize) {
     if (index < 0 || static_cast<size_t>(index) >= listSize)
@@ -42,21 +45,16 @@ void ToneValues(Core& c, const QString& code, const QString& encode, const QStri
     const int index = basic::CInt(basic::Val(code));
     if (rig == RigFT847) {
         s.ToneByte = FT847ToneCodes().at(static_cast<size_t>(index));
-        s.ToneModeByte = BinaryToneMode(encode, decode);
+        s.ToneModeByte = kBinaryToneModes[ToneMode(encode, decode)];
     } else if (IsAckFamily(rig)) {
         CheckToneIndex(index, Tones50().size());
         s.ToneByteHigh = ToneBCD().at(2 * static_cast<size_t>(index));
         s.ToneByteLow = ToneBCD().at(2 * static_cast<size_t>(index) + 1);
-        s.ToneModeByte = BinaryToneMode(encode, decode);
+        s.ToneModeByte = kBinaryToneModes[ToneMode(encode, decode)];
     } else if (rig == RigFT450) {
         CheckToneIndex(index, Tones50().size());
         s.ToneByte = static_cast<uint8_t>(index);
-        if (encode == "0" && decode == "0")
-            s.ToneModeByte = 0;
-        else if (decode == "1" && encode == "0")
-            s.ToneModeByte = 2;
-        else
-            s.ToneModeByte = 1;
+        s.ToneModeByte = kFt450ToneModes[ToneMode(encode, decode)];
     } else if (rig == RigFT920) {
         CheckToneIndex(index, Tones39().size());
         s.ToneByte = static_cast<uint8_t>(index + 1);

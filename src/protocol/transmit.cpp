@@ -51,49 +51,42 @@ void ChooseRtsUse(Core& c, QString State::*chosen) {
     SaveLine(c, "TXRXcontrolsRTS", s.TXRXcontrolsRTS);
 }
 
+// The CAT switch of the rig, on or off. The FT-847 is moved to the split frequency of the
+// direction first, since it has no split of its own.
+void SwitchPtt(Core& c, bool on) {
+    State& s = c.s;
+    const QString& rig = s.RigType;
+    const uint8_t opcode = on ? 0x08 : 0x88;
+    PutParameters(c);
+    if (rig == RigFT847) {
+        if (on)
+            MoveFt847(c, s.SplitTxFrequency, s.SplitTxMode);
+        else
+            MoveFt847(c, s.SplitRxFrequency, s.SplitRxMode);
+        PutParameters(c);
+        SendCommand(c, opcode);
+    } else if (IsAckFamily(rig)) {
+        SendCommand(c, opcode);
+        ReadResponse(c, 1);
+        if (!on) s.IgnoreNextTxStatus = true;
+    } else if (rig == RigFT450) {
+        SendText(c, on ? "TX1;" : "TX0;");
+    } else if (rig == RigFT1000MP || rig == RigFT920) {
+        s.CommandBytes[3] = on ? 0x01 : 0x00;
+        SendCommand(c, 0x0F);
+    }
+    s.Transmitting = on;
+    (on ? s.PttOnPending : s.PttOffPending) = false;
+}
+
 }  // namespace
 
 void PttOn(Core& c) {
-    State& s = c.s;
-    const QString& rig = s.RigType;
-    PutParameters(c);
-    if (rig == RigFT847) {
-        MoveFt847(c, s.SplitTxFrequency, s.SplitTxMode);
-        PutParameters(c);
-        SendCommand(c, 0x08);
-    } else if (IsAckFamily(rig)) {
-        SendCommand(c, 0x08);
-        ReadResponse(c, 1);
-    } else if (rig == RigFT450) {
-        SendText(c, "TX1;");
-    } else if (rig == RigFT1000MP || rig == RigFT920) {
-        s.CommandBytes[3] = 0x01;
-        SendCommand(c, 0x0F);
-    }
-    s.Transmitting = true;
-    s.PttOnPending = false;
+    SwitchPtt(c, true);
 }
 
 void PttOff(Core& c) {
-    State& s = c.s;
-    const QString& rig = s.RigType;
-    PutParameters(c);
-    if (rig == RigFT847) {
-        MoveFt847(c, s.SplitRxFrequency, s.SplitRxMode);
-        PutParameters(c);
-        SendCommand(c, 0x88);
-    } else if (IsAckFamily(rig)) {
-        SendCommand(c, 0x88);
-        ReadResponse(c, 1);
-        s.IgnoreNextTxStatus = true;
-    } else if (rig == RigFT450) {
-        SendText(c, "TX0;");
-    } else if (rig == RigFT1000MP || rig == RigFT920) {
-        s.CommandBytes[3] = 0x00;
-        SendCommand(c, 0x0F);
-    }
-    s.PttOffPending = false;
-    s.Transmitting = false;
+    SwitchPtt(c, false);
 }
 
 void cmdTxRx_Click(Core& c) {

@@ -275,7 +275,9 @@ constexpr ButtonRow kFt8Buttons = {{{0x00, nullptr, "LSB"},
                                     {0x0A, nullptr, "DIG"},
                                     {0x0C, nullptr, "PKT"},
                                     {0x88, nullptr, "FMN"},
-                                    N, N, N}};
+                                    N,
+                                    N,
+                                    N}};
 constexpr ButtonRow kFt450Buttons = {{{0, "MD01;", "LSB"},
                                       {0, "MD02;", "USB"},
                                       {0, "MD03;", "CW"},

@@ -60,7 +60,6 @@ TEST(SetFrequencyAndMode, CodesTheFrequencyInEachRigsForm) {
         Wire w(t.rig, Bytes({0}));
         w.c.s.VfoAActive = t.vfoA;
         w.c.s.LastModeSent = "USB";
-        if (QString(t.rig) == "VR5000") w.c.s.LastModeSent = "USB";
         Write(w, 1425000, "USB");
         EXPECT_EQ(w.hex(), t.sent) << t.rig;
     }
