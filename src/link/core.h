@@ -18,6 +18,7 @@ struct Platform {
     SettingsStore* store = nullptr;
     Dialogs* dialogs = nullptr;
     System* system = nullptr;
+    RigServer* rigServer = nullptr;  // none: rig sharing is not built in
 };
 
 struct Core {
@@ -26,6 +27,7 @@ struct Core {
     FrmErrorList frmErrorList;
     Frm450DSP frm450DSP;
     FrmMeters frmMeters;
+    FrmRigSharing frmRigSharing;
     Platform p;
 };
 

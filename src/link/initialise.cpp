@@ -159,6 +159,10 @@ void InitialiseVariables(Core& c) {
     if (s.LinkRTS == "Y") s.RaiseRTS = s.TXRXcontrolsRTS = "N";
     if (s.TXRXcontrolsRTS == "Y") s.RaiseRTS = s.LinkRTS = "N";
     ShowRtsTicks(c);
+    // Rig sharing: off unless the operator turns it on; loopback unless told otherwise.
+    s.RigctldEnabled = TextSetting(c, "RigctldEnabled", "N");
+    s.RigctldPort = NumberSetting(c, "RigctldPort", "4532");
+    s.RigctldAddress = TextSetting(c, "RigctldAddress", "127.0.0.1").trimmed();
     // 17. Memory tag, tuning steps and mouse steps.
     s.ShowMemoryTag = TextSetting(c, "ShowMemoryTag", "N") == "Y";
     s.StepLSB = NumberSetting(c, "StepLSB", "33");

@@ -109,4 +109,17 @@ class System {
     virtual void abortProcess() = 0;
 };
 
+// The listening side of rig sharing: a socket on which other programs connect.
+class RigServer {
+  public:
+    virtual ~RigServer() = default;
+    // Listens on the address and port, leaving any earlier ones; false with the system's
+    // reason when they cannot be had.
+    virtual bool listen(const QString& address, int port, QString* reason) = 0;
+    // Stops listening and lets every client go.
+    virtual void stop() = 0;
+    virtual bool listening() const = 0;
+    virtual int clientCount() const = 0;
+};
+
 }  // namespace veldor

@@ -181,6 +181,11 @@ struct State {
     QString OtherDecimalSeparator = ",";
     QString FieldDelimiter = ",";
     QString ShiftText500, ShiftText060, ShiftText100, ShiftText010, ShiftText000;
+
+    // Rig sharing: other programs reach the rig through Hamlib's network rig protocol.
+    QString RigctldEnabled = "N";
+    int RigctldPort = 4532;
+    QString RigctldAddress = "127.0.0.1";
 };
 
 }  // namespace veldor

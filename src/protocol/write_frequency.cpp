@@ -412,6 +412,14 @@ void MarkStep(Core& c, std::array<OptionButton, N>& options, const StepOption (&
 
 }  // namespace
 
+bool ModeHasCommand(const QString& rig, const QString& mode) {
+    if (IsAckFamily(rig) || rig == RigFT847) return FindMode(kBinaryModes, mode) != nullptr;
+    if (rig == RigFT450) return FindMode(kFt450Modes, mode) != nullptr;
+    if (IsBlockRig(rig)) return FindMode(kBlockModes, mode) != nullptr;
+    if (rig == RigVR5000) return FindMode(kVr5000Modes, mode) != nullptr;
+    return false;
+}
+
 QString ModeForRig(const Core& c, const QString& mode) {
     const int column = NearestColumn(c.s.RigType);
     if (column == kNone) return mode;

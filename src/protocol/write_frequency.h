@@ -8,6 +8,9 @@ namespace veldor {
 
 // The nearest mode the current rig has.
 QString ModeForRig(const Core& c, const QString& mode);
+// Whether the rig's mode command has a code for the mode: a mode without one is shown but
+// not sent.
+bool ModeHasCommand(const QString& rig, const QString& mode);
 
 // Both take their arguments by reference: the mode becomes the rig's nearest mode, and a
 // VR-5000 frequency may be rounded to its step.

@@ -1,6 +1,7 @@
 #include "ui/application.h"
 
 #include "link/start_stop.h"
+#include "sharing/rig_sharing.h"
 #include "ui/main_window.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
+          rigctld_.afterTick();
           if (window_) window_->render();
       }),
       clockTimer_([this] {
@@ -21,8 +23,8 @@ Application::Application()
           if (window_) window_->render();
       }) {
     clockTimer_.setInterval(1000);
-    c_.p = Platform{&mainPort_,   &pttPort_, &clock_,   &pump_,  &pollTimer_,
-                    &clockTimer_, &store_,   &dialogs_, &system_};
+    c_.p = Platform{&mainPort_,   &pttPort_, &clock_,   &pump_,   &pollTimer_,
+                    &clockTimer_, &store_,   &dialogs_, &system_, &rigctld_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     // Whatever the core has reached shows before the events of a pause run.
     pump_.beforeEvents = [this] {
@@ -41,6 +43,7 @@ Application::~Application() = default;
 bool Application::start(const QString& commandLine) {
     Form_Load(c_, commandLine);
     if (system_.ended()) return false;
+    StartRigSharing(c_);
     window_->place();
     window_->render();
     window_->show();
@@ -54,6 +57,7 @@ void Application::closeForSignal() {
     Form_Unload(c_);
     if (system_.ended()) return;
     ReleaseControl(c_);
+    rigctld_.stop();
     mainPort_.close();
     pttPort_.close();
     QCoreApplication::exit(0);

@@ -4,6 +4,7 @@
 #include "link/core.h"
 #include "platform/ini_store.h"
 #include "platform/qt_platform.h"
+#include "platform/rigctld_server.h"
 #include "platform/system_serial_port.h"
 #include "ui/qt_dialogs.h"
 
@@ -26,6 +27,7 @@ class Application {
 
     Core& core() { return c_; }
     MainWindow& window() { return *window_; }
+    RigctldServer& rigctld() { return rigctld_; }
 
   private:
     Core c_;
@@ -38,6 +40,7 @@ class Application {
     SystemSerialPort pttPort_;
     QtTimer pollTimer_;
     QtTimer clockTimer_;
+    RigctldServer rigctld_{c_};
     std::unique_ptr<MainWindow> window_;
 };
 

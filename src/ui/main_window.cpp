@@ -8,6 +8,7 @@
 #include "protocol/transmit.h"
 #include "protocol/write_frequency.h"
 #include "ui/messages_window.h"
+#include "ui/rig_sharing_dialog.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -554,6 +555,13 @@ void MainWindow::buildMenus() {
     QAction* settings = options->addAction("&Settings...");
     settings->setObjectName("mnuSettings");
     connect(settings, &QAction::triggered, this, [this] { handle(Form_DblClick); });
+    QAction* sharing = options->addAction("Rig s&haring...");
+    sharing->setObjectName("mnuRigSharing");
+    connect(sharing, &QAction::triggered, this, [this] {
+        RigSharingDialog dialog(c_, this);
+        dialog.exec();
+        render();
+    });
     // Ticked items that run a handler.
     auto tickItem = [&](MenuItem& item, const char* name, void (*handler)(Core&)) {
         QAction* a = options->addAction(item.caption);

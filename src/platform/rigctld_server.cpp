@@ -1,0 +1,84 @@
+#include "platform/rigctld_server.h"
+
+#include <QHostAddress>
+#include <QTcpSocket>
+
+namespace veldor {
+
+RigctldServer::RigctldServer(Core& c) : c_(c) {
+    connect(&server_, &QTcpServer::newConnection, this, &RigctldServer::accept);
+    // A write waits for a tick; if the link stops meanwhile, this answers it.
+    watch_.setInterval(200);
+    connect(&watch_, &QTimer::timeout, this, &RigctldServer::checkWaiting);
+}
+
+RigctldServer::~RigctldServer() {
+    stop();
+}
+
+bool RigctldServer::listen(const QString& address, int port, QString* reason) {
+    stop();
+    QHostAddress host;
+    if (address.compare("localhost", Qt::CaseInsensitive) == 0)
+        host = QHostAddress(QHostAddress::LocalHost);
+    else if (!host.setAddress(address)) {
+        *reason = "\"" + address + "\" is not an IP address";
+        return false;
+    }
+    if (!server_.listen(host, static_cast<quint16>(port))) {
+        *reason = server_.errorString();
+        return false;
+    }
+    watch_.start();
+    return true;
+}
+
+void RigctldServer::stop() {
+    watch_.stop();
+    server_.close();
+    while (!clients_.empty()) leave(clients_.front().get());
+}
+
+void RigctldServer::accept() {
+    while (QTcpSocket* socket = server_.nextPendingConnection()) {
+        auto client = std::make_unique<Client>();
+        client->socket = socket;
+        client->name = socket->peerAddress().toString() + ":" + QString::number(socket->peerPort());
+        Client* raw = client.get();
+        clients_.push_back(std::move(client));
+        connect(socket, &QTcpSocket::readyRead, this, [this, raw] {
+            send(*raw, RigctlReceive(c_, raw->session, raw->socket->readAll()));
+        });
+        connect(socket, &QTcpSocket::disconnected, this, [this, raw] { leave(raw); });
+        ReportMessage(c_, "Rig sharing: " + raw->name + " connected");
+    }
+}
+
+void RigctldServer::send(Client& client, const QByteArray& bytes) {
+    if (!bytes.isEmpty()) client.socket->write(bytes);
+    // Goodbye once the reply is out; disconnectFromHost lets the written bytes go first.
+    if (client.session.closing && client.socket->state() == QAbstractSocket::ConnectedState)
+        client.socket->disconnectFromHost();
+}
+
+void RigctldServer::leave(Client* client) {
+    const auto it = std::find_if(clients_.begin(), clients_.end(),
+                                 [client](const auto& c) { return c.get() == client; });
+    if (it == clients_.end()) return;
+    std::unique_ptr<Client> gone = std::move(*it);
+    clients_.erase(it);
+    gone->socket->disconnect(this);
+    gone->socket->abort();
+    gone->socket->deleteLater();
+    ReportMessage(c_, "Rig sharing: " + gone->name + " left");
+}
+
+void RigctldServer::afterTick() {
+    for (auto& client : clients_) send(*client, RigctlAfterTick(c_, client->session));
+}
+
+void RigctldServer::checkWaiting() {
+    for (auto& client : clients_) send(*client, RigctlCheckWaiting(c_, client->session));
+}
+
+}  // namespace veldor

@@ -1,0 +1,51 @@
+// Rig sharing on a TCP socket: Hamlib's network rig protocol for any number of clients,
+// served on the user-interface thread between the ticks of the poll.
+#pragma once
+
+#include "link/core.h"
+#include "sharing/rigctl_session.h"
+
+#include <QObject>
+#include <QTcpServer>
+#include <QTimer>
+
+#include <list>
+#include <memory>
+
+class QTcpSocket;
+
+namespace veldor {
+
+class RigctldServer : public QObject, public RigServer {
+  public:
+    explicit RigctldServer(Core& c);
+    ~RigctldServer() override;
+
+    bool listen(const QString& address, int port, QString* reason) override;
+    void stop() override;
+    bool listening() const override { return server_.isListening(); }
+    int clientCount() const override { return static_cast<int>(clients_.size()); }
+    // The port listened on; useful when 0 asked for any free one.
+    int port() const { return server_.serverPort(); }
+
+    // At the end of each tick: the writes it carried out are answered.
+    void afterTick();
+
+  private:
+    struct Client {
+        QTcpSocket* socket;
+        QString name;
+        RigctlSession session;
+    };
+    void accept();
+    void send(Client& client, const QByteArray& bytes);
+    void leave(Client* client);
+    void checkWaiting();
+
+    Core& c_;
+    QTcpServer server_;
+    QTimer watch_;
+    std::list<std::unique_ptr<Client>> clients_;
+};
+
+}  // namespace veldor

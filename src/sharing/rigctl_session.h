@@ -1,0 +1,41 @@
+// One client of rig sharing, speaking Hamlib's network rig protocol ("rigctld"): lines in,
+// replies out. Reads are answered at once from the state that the poll keeps, without a
+// byte to the rig; writes ask as a click asks, and are answered once the tick has carried
+// them out.
+#pragma once
+
+#include "link/core.h"
+
+#include <QByteArray>
+#include <QList>
+
+namespace veldor {
+
+struct RigctlSession {
+    QByteArray partial;       // received bytes that do not yet end a line, up to the limit
+    QList<QByteArray> queue;  // whole lines behind a write that waits for the tick
+    // The write in progress: the request the tick has still to serve, since when, and the
+    // first lines of its reply.
+    bool State::*waitingFor = nullptr;
+    uint32_t waitingSince = 0;
+    QByteArray waitingHead;
+    char waitingSeparator = 0;  // 0: plain replies; else the separator of extended ones
+    bool closing = false;       // the client has said goodbye, or flooded the server
+};
+
+// The longest line served, and the most lines kept behind a write in progress.
+inline constexpr int RigctlLineLimit = 4096;
+inline constexpr int RigctlQueueLimit = 1000;
+// A write the tick has not carried out by then is answered as timed out.
+inline constexpr uint32_t RigctlWriteLimitMs = 5000;
+
+// The client's bytes; returns what goes back at once.
+QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& bytes);
+// At the end of each tick: the write that the tick carried out is answered, and the lines
+// behind it are served.
+QByteArray RigctlAfterTick(Core& c, RigctlSession& session);
+// Between ticks: a write that can no longer be carried out (the link switched off, no tick
+// for too long) is answered with its error, and the lines behind it are served.
+QByteArray RigctlCheckWaiting(Core& c, RigctlSession& session);
+
+}  // namespace veldor
