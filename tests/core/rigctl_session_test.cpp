@@ -1,0 +1,347 @@
+// Rig sharing: a client's lines in, Hamlib's replies out, on virtual time and the simulated
+// rig. Reads must cost the rig nothing; writes go through the tick and are answered after it.
+#include "sharing/rigctl_session.h"
+#include "link/catalogue.h"
+#include "link/start_stop.h"
+#include "sharing/hamlib_terms.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace veldor::test {
+namespace {
+
+// A connected station with one client of rig sharing.
+struct Shared : OnAir {
+    explicit Shared(const QString& rig) : OnAir(rig) {}
+    QByteArray say(const QByteArray& lines) { return RigctlReceive(c, session, lines); }
+    QByteArray afterTick() {
+        tick();
+        return RigctlAfterTick(c, session);
+    }
+    QString received() { return QString::fromLatin1(rigReceived().toHex(' ')); }
+    RigctlSession session;
+};
+
+TEST(RigctlReads, AreAnsweredFromTheKeptStateWithoutAByteToTheRig) {
+    Shared st(RigFT817);
+    st.rig().clearTrace();
+    EXPECT_EQ(st.say("\\chk_vfo\nv\nf\ns\nm\n\\get_powerstat\nt\n\\get_lock_mode\n"),
+              "0\nVFOA\n14250000\n0\nVFOA\nUSB\n2400\n1\n0\n0\n");
+    EXPECT_TRUE(st.rigReceived().isEmpty());
+}
+
+TEST(RigctlReads, GiveEachModeInHamlibsWords) {
+    struct Case {
+        const char* shown;
+        const char* reply;
+    };
+    const Case cases[] = {
+        {"DIG", "PKTUSB\n2400\n"}, {"PKT", "PKTFM\n12000\n"},  {"RTYL", "RTTY\n500\n"},
+        {"RTYU", "RTTYR\n500\n"},  {"USRL", "PKTLSB\n2400\n"}, {"FMN", "FM\n6000\n"},
+        {"CWN", "CW\n250\n"},      {"WFM", "WFM\n230000\n"},   {"AMS", "AMS\n6000\n"},
+        {"???", "RPRT -11\n"},     {"", "RPRT -11\n"},
+    };
+    Shared st(RigFT817);
+    for (const Case& t : cases) {
+        st.c.f.txtMode.text = t.shown;
+        EXPECT_EQ(st.say("m\n"), t.reply) << t.shown;
+    }
+}
+
+TEST(RigctlReads, StrengthFollowsTheScalePrintedOverTheMeter) {
+    // "..1...3...5...7...9   20  40 60": S1 at 2, S9 at 18, +20 at 22, +40 at 26, +60 at 30.
+    const std::pair<int, int> cases[] = {{0, -54}, {2, -48}, {18, 0}, {22, 20},
+                                         {26, 40}, {30, 60}, {31, 65}};
+    Shared st(RigFT857);
+    for (const auto& [bar, db] : cases) {
+        st.c.f.pbarSmeter.value = bar;
+        EXPECT_EQ(st.say("l STRENGTH\n"), QByteArray::number(db) + "\n") << bar;
+        EXPECT_EQ(st.say("l RAWSTR\n"), QByteArray::number(bar) + "\n");
+    }
+    EXPECT_EQ(st.say("l SWR\n"), "RPRT -11\n");
+}
+
+TEST(RigctlWrites, AFrequencyGoesOutAtTheNextTickAndIsAnsweredAfterIt) {
+    Shared st(RigFT817);
+    // The line behind the write waits its turn, so that it reads the new frequency.
+    EXPECT_EQ(st.say("F 7074000.000000\nf\n"), "");
+    EXPECT_TRUE(st.rigReceived().isEmpty());
+    EXPECT_EQ(RigctlAfterTick(st.c, st.session), "");  // no tick yet, no answer
+    EXPECT_EQ(st.afterTick(), "RPRT 0\n7074000\n");
+    // The mode shown goes first, as with any first change after the start; then 7.07400 MHz
+    // in the FT-817's BCD, opcode 01.
+    EXPECT_TRUE(st.received().startsWith("01 00 00 00 07 00 70 74 00 01"))
+        << st.received().toStdString();
+    EXPECT_EQ(st.rig().state().frequencyHz, 7074000);
+    EXPECT_EQ(st.rig().state().mode, "USB");  // the mode stays
+}
+
+TEST(RigctlWrites, RoundToTheProgramsTenHertzAndTakeAnyNumberForm) {
+    const std::pair<const char*, int64_t> cases[] = {
+        {"F 14074004", 14074000},          {"F 14074006", 14074010},
+        {"F 1.4074e7", 14074000},          {"F VFOA 3573000", 3573000},
+        {"\\set_freq 10136000", 10136000}, {"set_freq 18100000", 18100000}};
+    for (const auto& [line, hz] : cases) {
+        Shared st(RigFT857);
+        EXPECT_EQ(st.say(QByteArray(line) + "\n"), "");
+        EXPECT_EQ(st.afterTick(), "RPRT 0\n") << line;
+        EXPECT_EQ(st.rig().state().frequencyHz, hz) << line;
+    }
+}
+
+struct ModeCase {
+    const char* rig;
+    const char* line;
+    const char* shown;  // the mode the rig reports after the change
+};
+
+TEST(RigctlWrites, AModeGoesToTheRigsNearestMode) {
+    const ModeCase cases[] = {
+        {"FT817", "M LSB 0", "LSB"},
+        {"FT817", "M PKTUSB 2400", "USB"},  // USER-U is USB on the FT-8 family
+        {"FT817", "M CW 250", "CW"},        // no narrow command on the FT-817
+        {"FT857", "M FM 6000", "FMN"},
+        {"FT857", "M FM 15000", "FM"},
+        {"FT857", "M PKTFM -1", "PKT"},
+        {"FT857", "M RTTY 0", "LSB"},
+        {"FT450", "M PKTUSB 0", "USRU"},
+        {"FT450", "M RTTYR 0", "RTYU"},
+        {"FT1000MP", "M PKTUSB 0", "USB"},  // no USER-U: the plain sideband
+        {"FT1000MP", "M PKTLSB 0", "PKTL"},
+        {"FT920", "M AM 0", "AM"},
+        {"FRG100", "M WFM 0", "FM"},
+    };
+    for (const ModeCase& t : cases) {
+        Shared st(t.rig);
+        EXPECT_EQ(st.say(QByteArray(t.line) + "\n"), "") << t.rig << " " << t.line;
+        EXPECT_EQ(st.afterTick(), "RPRT 0\n") << t.rig << " " << t.line;
+        EXPECT_EQ(st.c.f.txtMode.text, t.shown) << t.rig << " " << t.line;
+    }
+}
+
+struct Refusal {
+    const char* rig;
+    const char* line;
+    int code;
+    std::function<void(Shared&)> before;
+};
+
+TEST(RigctlWrites, AreRefusedWhereTheProgramRefusesAClick) {
+    auto transmitting = [](Shared& st) { st.c.s.Transmitting = true; };
+    auto scanning = [](Shared& st) { st.c.s.ScanRunning = true; };
+    auto sweeping = [](Shared& st) { st.c.s.SpectrumRunning = true; };
+    auto off = [](Shared& st) { st.switchOff(); };
+    auto enabled = [](Shared& st) { st.c.f.chkTransmitEnable.value = 1; };
+    const Refusal cases[] = {
+        {"FT817", "F 7074000", RigctlLinkDown, off},
+        {"FT817", "M USB 0", RigctlLinkDown, off},
+        {"FT817", "T 1", RigctlLinkDown, off},
+        {"FT817", "S 1 VFOB", RigctlLinkDown, off},
+        {"FT817", "F 7074000", RigctlRefused, transmitting},
+        {"FT817", "M USB 0", RigctlRefused, scanning},
+        {"FT817", "V VFOB", RigctlRefused, sweeping},
+        {"FT817", "F 60000000", RigctlInvalid, nullptr},  // between the FT-817's ranges
+        {"FT817", "F 0", RigctlInvalid, nullptr},
+        {"FT817", "F -7074000", RigctlInvalid, nullptr},
+        {"FT817", "F 1e30", RigctlInvalid, nullptr},
+        {"FT817", "F seven", RigctlInvalid, nullptr},
+        {"FT817", "F", RigctlInvalid, nullptr},
+        {"FT817", "F 7074000 14074000", RigctlInvalid, nullptr},
+        {"FT817", "M FOO 0", RigctlInvalid, nullptr},
+        {"FT817", "M USB wide", RigctlInvalid, nullptr},
+        {"FT817", "T 1", RigctlRefused, nullptr},  // "Transmit enable" unticked
+        {"FT817", "T 9", RigctlInvalid, enabled},
+        {"FT817", "T 1", RigctlRefused,
+         [](Shared& st) {
+             st.c.f.chkTransmitEnable.value = 1;
+             st.c.s.ScanRunning = true;
+         }},
+        {"VR5000", "T 1", RigctlNotAvailable, enabled},
+        {"FRG100", "T 1", RigctlNotAvailable, enabled},
+        {"FT450", "S 1 VFOB", RigctlNotAvailable, nullptr},  // no split on the FT-450 here
+        {"FT847", "V VFOB", RigctlNotAvailable, nullptr},
+        {"FT817", "V VFOZ", RigctlInvalid, nullptr},
+        {"FT817", "S 2 VFOB", RigctlInvalid, nullptr},
+        {"FT817", "I 7074000", RigctlNotAvailable, nullptr},
+        {"FT817", "\\set_powerstat 0", RigctlNotAvailable, nullptr},
+        {"FT817", "xyz", RigctlInvalid, nullptr},
+        {"FT817", "\\get_everything", RigctlInvalid, nullptr},
+        {"FT817", "+", RigctlInvalid, nullptr},
+    };
+    for (const Refusal& t : cases) {
+        Shared st(t.rig);
+        if (t.before) t.before(st);
+        st.rig().clearTrace();
+        EXPECT_EQ(st.say(QByteArray(t.line) + "\n"), "RPRT " + QByteArray::number(t.code) + "\n")
+            << t.rig << " " << t.line;
+        st.tick();
+        EXPECT_TRUE(st.rigReceived().isEmpty()) << t.rig << " " << t.line;
+    }
+}
+
+TEST(RigctlWrites, PttKeysAndUnkeysAsTheTxRxButtonDoes) {
+    Shared st(RigFT857);
+    st.c.f.chkTransmitEnable.value = 1;
+    EXPECT_EQ(st.say("T 1\n"), "");
+    EXPECT_EQ(st.c.f.cmdTxRx.caption, "TX/rx");  // the button shows it at once
+    EXPECT_EQ(st.afterTick(), "RPRT 0\n");
+    EXPECT_TRUE(st.rig().state().ptt);
+    EXPECT_EQ(st.say("t\n"), "1\n");
+    // Already on the air: nothing to do, and nothing goes to the rig.
+    st.rig().clearTrace();
+    EXPECT_EQ(st.say("T 1\n"), "RPRT 0\n");
+    // A frequency change is refused while the rig transmits.
+    EXPECT_EQ(st.say("F 7074000\n"), "RPRT -9\n");
+    EXPECT_EQ(st.say("T 0\n"), "");
+    EXPECT_EQ(st.afterTick(), "RPRT 0\n");
+    EXPECT_FALSE(st.rig().state().ptt);
+    EXPECT_EQ(st.say("t\n"), "0\n");
+}
+
+TEST(RigctlWrites, PttOfTheRtsLineIsAnsweredAtOnce) {
+    Shared st(RigFT817);
+    st.c.f.chkTransmitEnable.value = 1;
+    st.c.s.TXRXcontrolsRTS = "Y";
+    EXPECT_EQ(st.say("T 1\nt\n"), "RPRT 0\n1\n");
+    EXPECT_TRUE(st.c.p.MSComm1->rts());
+    EXPECT_EQ(st.say("T 0\n"), "RPRT 0\n");
+    EXPECT_FALSE(st.c.p.MSComm1->rts());
+}
+
+TEST(RigctlWrites, SplitAndVfoFollowTheirControls) {
+    Shared st(RigFT817);
+    EXPECT_EQ(st.say("S 1 VFOB\n"), "");
+    EXPECT_EQ(st.afterTick(), "RPRT 0\n");
+    EXPECT_TRUE(st.rig().state().split);
+    EXPECT_EQ(st.c.f.chkSplit.value, 1);
+    EXPECT_EQ(st.say("s\n"), "1\nVFOB\n");
+    EXPECT_EQ(st.say("S 1 VFOB\n"), "RPRT 0\n");  // as it is: answered at once
+
+    Shared ft450(RigFT450);
+    EXPECT_EQ(ft450.say("V VFOB\n"), "");
+    EXPECT_EQ(ft450.afterTick(), "RPRT 0\n");
+    EXPECT_TRUE(ft450.rig().state().vfoB);
+    EXPECT_EQ(ft450.say("v\n"), "VFOB\n");
+    EXPECT_EQ(ft450.say("V VFOB\n"), "RPRT 0\n");
+}
+
+TEST(RigctlWrites, AWriteTheTickCannotServeIsAnsweredWithItsError) {
+    Shared st(RigFT817);
+    EXPECT_EQ(st.say("F 7074000\nf\n"), "");
+    EXPECT_EQ(RigctlCheckWaiting(st.c, st.session), "");
+    st.switchOff();
+    EXPECT_EQ(RigctlCheckWaiting(st.c, st.session), "RPRT -6\n14250000\n");
+
+    Shared stalled(RigFT817);
+    EXPECT_EQ(stalled.say("F 7074000\n"), "");
+    stalled.clock.now += RigctlWriteLimitMs - 1;
+    EXPECT_EQ(RigctlCheckWaiting(stalled.c, stalled.session), "");
+    stalled.clock.now += 1;
+    EXPECT_EQ(RigctlCheckWaiting(stalled.c, stalled.session), "RPRT -5\n");
+}
+
+TEST(RigctlWrites, TwoClientsAreEachAnsweredAfterTheTick) {
+    Shared st(RigFT857);
+    RigctlSession other;
+    EXPECT_EQ(st.say("F 7074000\n"), "");
+    EXPECT_EQ(RigctlReceive(st.c, other, "M LSB 0\nm\n"), "");
+    st.tick();
+    EXPECT_EQ(RigctlAfterTick(st.c, st.session), "RPRT 0\n");
+    EXPECT_EQ(RigctlAfterTick(st.c, other), "RPRT 0\nLSB\n2400\n");
+    EXPECT_EQ(st.rig().state().mode, "LSB");
+}
+
+TEST(RigctlProtocol, ExtendedRepliesLabelTheirValues) {
+    Shared st(RigFT817);
+    EXPECT_EQ(st.say("+f\n"), "get_freq:\nFrequency: 14250000\nRPRT 0\n");
+    EXPECT_EQ(st.say(";m\n"), "get_mode:;Mode: USB;Passband: 2400;RPRT 0\n");
+    EXPECT_EQ(st.say("|s\n"), "get_split_vfo:|Split: 0|TX VFO: VFOA|RPRT 0\n");
+    EXPECT_EQ(st.say("+l STRENGTH\n"), "get_level: STRENGTH\n-54\nRPRT 0\n");
+    EXPECT_EQ(st.say("+\\chk_vfo\n"), "ChkVFO: 0\n");
+    EXPECT_EQ(st.say("+i\n"), "get_split_freq:\nRPRT -11\n");
+    EXPECT_EQ(st.say("+F 7074000\n"), "");
+    EXPECT_EQ(st.afterTick(), "set_freq: 7074000\nRPRT 0\n");
+}
+
+TEST(RigctlProtocol, LinesSplitAnywhereReadAsWhole) {
+    const QByteArray lines = "f\r\nm\n\nF 7074000\nv\nq\nf\n";
+    for (int cut = 1; cut < lines.size(); ++cut) {
+        Shared st(RigFT817);
+        QByteArray out = st.say(lines.left(cut));
+        out += st.say(lines.mid(cut));
+        out += st.afterTick();
+        EXPECT_EQ(out, "14250000\nUSB\n2400\nRPRT 0\nVFOA\nRPRT 0\n") << cut;
+        EXPECT_TRUE(st.session.closing);
+    }
+}
+
+TEST(RigctlProtocol, AMegabyteLineIsRefusedWholeAndTheNextLineServed) {
+    Shared st(RigFT817);
+    QByteArray out;
+    const QByteArray chunk(64 * 1024, 'F');
+    for (int i = 0; i < 16; ++i) out += st.say(chunk);
+    EXPECT_LE(st.session.partial.size(), RigctlLineLimit);
+    out += st.say("\nf\n");
+    EXPECT_EQ(out, "RPRT -1\n14250000\n");
+}
+
+TEST(RigctlProtocol, AnyBytesGetAnAnswerPerLineAndLeaveTheLinkWorking) {
+    Shared st(RigFT817);
+    std::mt19937 random(5);
+    for (int round = 0; round < 500; ++round) {
+        QByteArray noise(1 + static_cast<int>(random() % 300), '\0');
+        for (char& b : noise) b = static_cast<char>(random() % 256);
+        noise.replace('\n', 'x');
+        RigctlSession session;
+        const QByteArray out = RigctlReceive(st.c, session, noise + "\n");
+        // Every line has its answer, unless it was blank, a goodbye or a write now waiting.
+        if (!noise.trimmed().isEmpty() && !session.closing && !session.waitingFor) {
+            EXPECT_TRUE(out.endsWith('\n')) << noise.toHex().toStdString();
+        }
+    }
+    st.tick();
+    EXPECT_EQ(st.c.f.chkOnOff.value, 1);
+    EXPECT_EQ(st.say("F 7074000\n"), "");
+    EXPECT_EQ(st.afterTick(), "RPRT 0\n");
+    EXPECT_EQ(st.rig().state().frequencyHz, 7074000);
+}
+
+TEST(RigctlProtocol, AClientThatFloodsIsLetGo) {
+    Shared st(RigFT817);
+    QByteArray lines = "F 7074000\n";
+    for (int i = 0; i < RigctlQueueLimit + 1; ++i) lines += "f\n";
+    EXPECT_EQ(st.say(lines), "");
+    EXPECT_TRUE(st.session.closing);
+    EXPECT_EQ(st.say("f\n"), "");
+}
+
+TEST(RigctlDumpState, DescribesTheRigFromTheCatalogue) {
+    Shared ft817(RigFT817);
+    const QStringList lines = DumpState(ft817.c).split('\n');
+    ASSERT_GE(lines.size(), 12);
+    EXPECT_EQ(lines.mid(0, 3), QStringList({"1", "2", "0"}));
+    // Receive ranges in hertz, then the same for transmit.
+    EXPECT_EQ(lines[3], "100000.000000 56000000.000000 0x1fff -1 -1 0x3 0x0");
+    EXPECT_EQ(lines[6], "0 0 0 0 0 0 0");
+    EXPECT_EQ(lines[7], lines[3]);
+    EXPECT_TRUE(lines.contains("ptt_type=0x1"));
+    EXPECT_EQ(lines.filter("=").size(), 14);
+    EXPECT_EQ(lines.last(), "");
+    EXPECT_EQ(lines[lines.size() - 2], "done");
+
+    // A receiver: no transmit range, no PTT, one VFO.
+    Shared vr5000(RigVR5000);
+    const QStringList rx = DumpState(vr5000.c).split('\n');
+    const qsizetype end = rx.indexOf("0 0 0 0 0 0 0");
+    ASSERT_GT(end, 3);
+    EXPECT_EQ(rx[end + 1], "0 0 0 0 0 0 0");
+    EXPECT_TRUE(rx[3].endsWith("0x1 0x0"));
+    EXPECT_TRUE(rx.contains("ptt_type=0x0"));
+    EXPECT_TRUE(rx.contains("has_set_vfo=0"));
+}
+
+}  // namespace
+}  // namespace veldor::test
