@@ -1,0 +1,169 @@
+// Rig sharing as the operator sets it: the stored keys at start, and the dialog's change at
+// once.
+#include "sharing/rig_sharing.h"
+#include "link/catalogue.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace veldor::test {
+namespace {
+
+// A server that records what it was told; it fails on an address it is given to refuse.
+class FakeRigServer : public RigServer {
+  public:
+    QString refused;
+    QString address;
+    int port = 0;
+    bool on = false;
+    int stops = 0;
+    bool listen(const QString& a, int p, QString* reason) override {
+        if (a == refused) {
+            *reason = "The address is not available";
+            on = false;
+            return false;
+        }
+        address = a;
+        port = p;
+        on = true;
+        return true;
+    }
+    void stop() override {
+        on = false;
+        ++stops;
+    }
+    bool listening() const override { return on; }
+    int clientCount() const override { return on ? 2 : 0; }
+};
+
+struct Sharing : Station {
+    Sharing() : Station(RigFT817) { c.p.rigServer = &server; }
+    FakeRigServer server;
+};
+
+TEST(RigSharingSettings, AreOffOnLoopbackAndPort4532UntilStored) {
+    Sharing st;
+    st.load();
+    EXPECT_EQ(st.c.s.RigctldEnabled, "N");
+    EXPECT_EQ(st.c.s.RigctldAddress, "127.0.0.1");
+    EXPECT_EQ(st.c.s.RigctldPort, 4532);
+    EXPECT_TRUE(StartRigSharing(st.c));
+    EXPECT_FALSE(st.server.on);
+    EXPECT_EQ(st.server.stops, 1);
+}
+
+TEST(RigSharingSettings, StoredKeysTakeEffectAtStart) {
+    Sharing st;
+    st.setting("RigctldEnabled", "Y");
+    st.setting("RigctldAddress", " 192.168.1.20 ");
+    st.setting("RigctldPort", "4600");
+    st.load();
+    EXPECT_TRUE(StartRigSharing(st.c));
+    EXPECT_TRUE(st.server.on);
+    EXPECT_EQ(st.server.address, "192.168.1.20");
+    EXPECT_EQ(st.server.port, 4600);
+}
+
+TEST(RigSharingSettings, AnAddressThatCannotBeHadIsLogged) {
+    Sharing st;
+    st.setting("RigctldEnabled", "Y");
+    st.setting("RigctldAddress", "10.9.9.9");
+    st.load();
+    st.server.refused = "10.9.9.9";
+    EXPECT_FALSE(StartRigSharing(st.c));
+    EXPECT_TRUE(st.c.frmErrorList.txtErrors.text.contains(
+        "Rig sharing could not listen on 10.9.9.9:4532: The address is not available"));
+}
+
+TEST(RigSharingDialog, ShowsTheSettingsInForceAndTheServersState) {
+    Sharing st;
+    st.setting("RigctldEnabled", "Y");
+    st.load();
+    StartRigSharing(st.c);
+    frmRigSharing_Load(st.c);
+    const FrmRigSharing& d = st.c.frmRigSharing;
+    EXPECT_EQ(d.chkRigctldEnabled.value, 1);
+    EXPECT_EQ(d.txtRigctldAddress.text, "127.0.0.1");
+    EXPECT_EQ(d.txtRigctldPort.text, "4532");
+    EXPECT_EQ(d.lblRigctldState.caption, "Listening on 127.0.0.1:4532, 2 clients");
+}
+
+TEST(RigSharingDialog, OkAppliesAtOnceAndSaves) {
+    Sharing st;
+    st.load();
+    frmRigSharing_Load(st.c);
+    FrmRigSharing& d = st.c.frmRigSharing;
+    d.chkRigctldEnabled.value = 1;
+    d.txtRigctldPort.text = " 4533 ";
+    EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
+    EXPECT_TRUE(st.server.on);
+    EXPECT_EQ(st.server.port, 4533);
+    EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "Y");
+    EXPECT_EQ(st.stored("Settings", "RigctldPort"), "4533");
+    EXPECT_EQ(st.stored("Settings", "RigctldAddress"), "127.0.0.1");
+    EXPECT_TRUE(st.dialogs.messages.empty());  // loopback: no question asked
+
+    d.chkRigctldEnabled.value = 0;
+    EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
+    EXPECT_FALSE(st.server.on);
+    EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "N");
+}
+
+struct BadBox {
+    const char* port;
+    const char* address;
+    const char* title;
+};
+
+TEST(RigSharingDialog, BadBoxesAreRefusedAndNothingChanges) {
+    const BadBox cases[] = {
+        {"0", "127.0.0.1", "Invalid number"},   {"65536", "127.0.0.1", "Invalid number"},
+        {"45x", "127.0.0.1", "Invalid number"}, {"", "127.0.0.1", "Invalid number"},
+        {"4532", "", "Invalid address"},        {"4532", "127.0.0.1 8", "Invalid address"},
+        {"4532", "10.9.9.9", "Rig sharing"},  // the server cannot have it
+    };
+    for (const BadBox& t : cases) {
+        Sharing st;
+        st.load();
+        st.server.refused = "10.9.9.9";
+        st.dialogs.answers.push_back(MsgResult::Yes);  // yes, share it on the network
+        frmRigSharing_Load(st.c);
+        FrmRigSharing& d = st.c.frmRigSharing;
+        d.chkRigctldEnabled.value = 1;
+        d.txtRigctldPort.text = t.port;
+        d.txtRigctldAddress.text = t.address;
+        EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c)) << t.port << " " << t.address;
+        ASSERT_FALSE(st.dialogs.messages.empty());
+        EXPECT_EQ(st.dialogs.messages.back().title, t.title);
+        EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "<missing>");
+        EXPECT_EQ(st.c.s.RigctldEnabled, "N");
+    }
+}
+
+TEST(RigSharingDialog, OpeningTheRigToTheNetworkIsAskedFirst) {
+    Sharing st;
+    st.load();
+    frmRigSharing_Load(st.c);
+    FrmRigSharing& d = st.c.frmRigSharing;
+    d.chkRigctldEnabled.value = 1;
+    d.txtRigctldAddress.text = "0.0.0.0";
+    st.dialogs.answers.push_back(MsgResult::No);
+    EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c));
+    EXPECT_FALSE(st.server.on);
+    EXPECT_EQ(st.dialogs.messages.back().title, "Rig sharing");
+
+    st.dialogs.answers.push_back(MsgResult::Yes);
+    EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
+    EXPECT_EQ(st.server.address, "0.0.0.0");
+    EXPECT_EQ(st.stored("Settings", "RigctldAddress"), "0.0.0.0");
+}
+
+TEST(RigSharingDialog, LoopbackAddressesAskNothing) {
+    for (const char* a : {"127.0.0.1", "127.1.2.3", "::1", "localhost", "LocalHost"})
+        EXPECT_TRUE(IsLoopbackAddress(a)) << a;
+    for (const char* a : {"0.0.0.0", "192.168.1.2", "::", "10.127.0.1"})
+        EXPECT_FALSE(IsLoopbackAddress(a)) << a;
+}
+
+}  // namespace
+}  // namespace veldor::test
