@@ -36,7 +36,7 @@ RigSharingDialog::RigSharingDialog(Core& c, QWidget* parent) : QDialog(parent), 
     auto* help = new QLabel(
         "Programs such as WSJT-X, fldigi and loggers reach the rig through VELDOR: choose "
         "the rig \"Hamlib NET rigctl\" in them, with this address and port. They tune and key "
-        "the rig as VELDOR's own buttons do; keying needs \"Transmit enable\" ticked.",
+        "the rig as VELDOR's own buttons do; keying needs \"TX enable\" ticked.",
         this);
     help->setWordWrap(true);
 
