@@ -120,6 +120,9 @@ class RigServer {
     virtual void stop() = 0;
     virtual bool listening() const = 0;
     virtual int clientCount() const = 0;
+    // Told by the tick once it has carried out the requests raised before it, before its
+    // reading: the writes of the clients are answered then.
+    virtual void requestsServed() = 0;
 };
 
 }  // namespace veldor

@@ -150,6 +150,7 @@ bool PollTick(Core& c) {
         for (const PendingAction& row : kPendingActions)
             if (!row.flag || s.*(row.flag)) row.action(c);
         if (s.FrequencyChangePending) ChangeFrequency(c);
+        if (c.p.rigServer) c.p.rigServer->requestsServed();
         // The scan and the sweep join here with their steps.
         if (!s.ScanRunning && !s.SpectrumRunning) PerformStatusUpdate(c);
     }

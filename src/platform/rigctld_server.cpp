@@ -73,8 +73,8 @@ void RigctldServer::leave(Client* client) {
     ReportMessage(c_, "Rig sharing: " + gone->name + " left");
 }
 
-void RigctldServer::afterTick() {
-    for (auto& client : clients_) send(*client, RigctlAfterTick(c_, client->session));
+void RigctldServer::requestsServed() {
+    for (auto& client : clients_) send(*client, RigctlRequestsServed(c_, client->session));
 }
 
 void RigctldServer::checkWaiting() {

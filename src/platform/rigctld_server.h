@@ -28,8 +28,7 @@ class RigctldServer : public QObject, public RigServer {
     // The port listened on; useful when 0 asked for any free one.
     int port() const { return server_.serverPort(); }
 
-    // At the end of each tick: the writes it carried out are answered.
-    void afterTick();
+    void requestsServed() override;
 
   private:
     struct Client {

@@ -379,7 +379,7 @@ QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& byte
     return Drain(c, session);
 }
 
-QByteArray RigctlAfterTick(Core& c, RigctlSession& session) {
+QByteArray RigctlRequestsServed(Core& c, RigctlSession& session) {
     QByteArray out;
     if (session.waitingFor && !(c.s.*session.waitingFor) && !c.s.SendBusy && !c.s.ReceiveBusy)
         out = Finish(session, RigctlOk);

@@ -31,9 +31,9 @@ inline constexpr uint32_t RigctlWriteLimitMs = 5000;
 
 // The client's bytes; returns what goes back at once.
 QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& bytes);
-// At the end of each tick: the write that the tick carried out is answered, and the lines
-// behind it are served.
-QByteArray RigctlAfterTick(Core& c, RigctlSession& session);
+// When the tick has carried out its requests: the write it carried out is answered, and the
+// lines behind it are served.
+QByteArray RigctlRequestsServed(Core& c, RigctlSession& session);
 // Between ticks: a write that can no longer be carried out (the link switched off, no tick
 // for too long) is answered with its error, and the lines behind it are served.
 QByteArray RigctlCheckWaiting(Core& c, RigctlSession& session);

@@ -15,7 +15,6 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
-          rigctld_.afterTick();
           if (window_) window_->render();
       }),
       clockTimer_([this] {

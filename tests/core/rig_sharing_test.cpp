@@ -34,6 +34,7 @@ class FakeRigServer : public RigServer {
     }
     bool listening() const override { return on; }
     int clientCount() const override { return on ? 2 : 0; }
+    void requestsServed() override {}
 };
 
 struct Sharing : Station {

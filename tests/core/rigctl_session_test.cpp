@@ -19,7 +19,7 @@ struct Shared : OnAir {
     QByteArray say(const QByteArray& lines) { return RigctlReceive(c, session, lines); }
     QByteArray afterTick() {
         tick();
-        return RigctlAfterTick(c, session);
+        return RigctlRequestsServed(c, session);
     }
     QString received() { return QString::fromLatin1(rigReceived().toHex(' ')); }
     RigctlSession session;
@@ -69,7 +69,7 @@ TEST(RigctlWrites, AFrequencyGoesOutAtTheNextTickAndIsAnsweredAfterIt) {
     // The line behind the write waits its turn, so that it reads the new frequency.
     EXPECT_EQ(st.say("F 7074000.000000\nf\n"), "");
     EXPECT_TRUE(st.rigReceived().isEmpty());
-    EXPECT_EQ(RigctlAfterTick(st.c, st.session), "");  // no tick yet, no answer
+    EXPECT_EQ(RigctlRequestsServed(st.c, st.session), "");  // no tick yet, no answer
     EXPECT_EQ(st.afterTick(), "RPRT 0\n7074000\n");
     // The mode shown goes first, as with any first change after the start; then 7.07400 MHz
     // in the FT-817's BCD, opcode 01.
@@ -249,8 +249,8 @@ TEST(RigctlWrites, TwoClientsAreEachAnsweredAfterTheTick) {
     EXPECT_EQ(st.say("F 7074000\n"), "");
     EXPECT_EQ(RigctlReceive(st.c, other, "M LSB 0\nm\n"), "");
     st.tick();
-    EXPECT_EQ(RigctlAfterTick(st.c, st.session), "RPRT 0\n");
-    EXPECT_EQ(RigctlAfterTick(st.c, other), "RPRT 0\nLSB\n2400\n");
+    EXPECT_EQ(RigctlRequestsServed(st.c, st.session), "RPRT 0\n");
+    EXPECT_EQ(RigctlRequestsServed(st.c, other), "RPRT 0\nLSB\n2400\n");
     EXPECT_EQ(st.rig().state().mode, "LSB");
 }
 
