@@ -79,6 +79,45 @@ TEST(RigctlWrites, AFrequencyGoesOutAtTheNextTickAndIsAnsweredAfterIt) {
     EXPECT_EQ(st.rig().state().mode, "USB");  // the mode stays
 }
 
+// A server that answers its one client when the tick says so, and notes how far the tick had
+// gone on the wire by then.
+class AnsweringServer : public RigServer {
+  public:
+    explicit AnsweringServer(Station& st) : st_(st) {}
+    RigctlSession session;
+    QByteArray replies;
+    QByteArray wireWhenAnswered;
+    bool listen(const QString&, int, QString*) override { return true; }
+    void stop() override {}
+    bool listening() const override { return true; }
+    int clientCount() const override { return 1; }
+    void requestsServed() override {
+        replies += RigctlRequestsServed(st_.c, session);
+        if (!replies.isEmpty() && wireWhenAnswered.isEmpty()) wireWhenAnswered = st_.rigReceived();
+    }
+
+  private:
+    Station& st_;
+};
+
+TEST(RigctlWrites, TheTickAnswersOnceSentAndReadBackBeforeItsOwnReading) {
+    Station st(RigFT817);
+    st.load();
+    st.switchOn();
+    AnsweringServer server(st);
+    st.c.p.rigServer = &server;
+    st.rig().clearTrace();
+    EXPECT_EQ(RigctlReceive(st.c, server.session, "F 7074000\nf\n"), "");
+    tmrPollInterval_Timer(st.c);
+    EXPECT_EQ(server.replies, "RPRT 0\n7074000\n");
+    // Answered after the frequency and its readback (opcode 03)...
+    const QString atAnswer = QString::fromLatin1(server.wireWhenAnswered.toHex(' '));
+    EXPECT_TRUE(atAnswer.contains("00 70 74 00 01")) << atAnswer.toStdString();
+    EXPECT_TRUE(atAnswer.endsWith("00 00 00 00 03")) << atAnswer.toStdString();
+    // ...and before the tick's reading went out.
+    EXPECT_GT(st.rigReceived().size(), server.wireWhenAnswered.size());
+}
+
 TEST(RigctlWrites, RoundToTheProgramsTenHertzAndTakeAnyNumberForm) {
     const std::pair<const char*, int64_t> cases[] = {
         {"F 14074004", 14074000},          {"F 14074006", 14074010},
