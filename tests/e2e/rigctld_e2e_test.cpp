@@ -6,18 +6,24 @@
 #include "ui/application.h"
 #include "ui/main_window.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QNetworkInterface>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
+#include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -226,6 +232,65 @@ TEST_F(SharedRig, OtherComputersReachItOnlyWhenTheOperatorSaysSo) {
     remote.connectToHost(outside, static_cast<quint16>(app->rigctld().port()));
     ASSERT_TRUE(remote.waitForConnected(3000));
     EXPECT_EQ(ask(remote, "\\get_powerstat\n", 1), "1\n");
+}
+
+// The dialog from the Options menu turns sharing on at once, on the port typed in it.
+TEST(RigSharingDialogOnScreen, TurnsSharingOnAtOnce) {
+    const QString rigctl = QStandardPaths::findExecutable("rigctl");
+    if (rigctl.isEmpty()) GTEST_SKIP() << "rigctl not installed";
+    QTemporaryDir dir;
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    QDir().mkpath(dir.path() + "/VELDOR");
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(
+        ("[Settings]\nRigType=FT817\nAutoStart=Yes\nCommport=SIM\nHomeDir=" + dir.path() + "\n")
+            .toUtf8());
+    ini.close();
+    quint16 port = 0;
+    {
+        QTcpServer probe;  // a port that is free now
+        ASSERT_TRUE(probe.listen(QHostAddress::LocalHost));
+        port = probe.serverPort();
+    }
+
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    EXPECT_FALSE(app.rigctld().listening());
+    QAction* item = app.window().findChild<QAction*>("mnuRigSharing");
+    ASSERT_NE(item, nullptr);
+    bool seen = false;
+    QTimer::singleShot(100, [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        seen = true;
+        EXPECT_EQ(dialog->windowTitle(), "VELDOR - Rig sharing");
+        auto* address = dialog->findChild<QLineEdit*>("txtRigctldAddress");
+        ASSERT_NE(address, nullptr);
+        EXPECT_EQ(address->text(), "127.0.0.1");
+        EXPECT_EQ(dialog->findChild<QLabel*>("lblRigctldState")->text(), "Not sharing");
+        dialog->findChild<QCheckBox*>("chkRigctldEnabled")->setChecked(true);
+        auto* portBox = dialog->findChild<QLineEdit*>("txtRigctldPort");
+        portBox->setText(QString::number(port));
+        const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
+        if (!shots.isEmpty()) dialog->grab().save(shots + "/rig-sharing.png");
+        QTest::mouseClick(dialog->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    item->trigger();
+    EXPECT_TRUE(seen);
+    ASSERT_TRUE(app.rigctld().listening());
+    EXPECT_EQ(app.rigctld().port(), port);
+
+    QProcess client;
+    client.start(rigctl, {"-m", "2", "-r", "127.0.0.1:" + QString::number(port), "f"});
+    QElapsedTimer t;
+    t.start();
+    while (client.state() != QProcess::NotRunning && t.elapsed() < 20000) QTest::qWait(10);
+    EXPECT_EQ(QString::fromUtf8(client.readAllStandardOutput()).trimmed(), "14250000");
+    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+    const QByteArray text = ini.readAll();
+    EXPECT_TRUE(text.contains("RigctldEnabled=Y"));
+    EXPECT_TRUE(text.contains("RigctldPort=" + QByteArray::number(port)));
 }
 
 }  // namespace
