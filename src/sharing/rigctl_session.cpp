@@ -295,8 +295,8 @@ QByteArray Reply(const Command& command, const QStringList& args, const Outcome&
 // One line of the client, without its end; an empty reply when a write waits for the tick.
 QByteArray Serve(Core& c, RigctlSession& session, const QByteArray& line) {
     if (line.size() >= RigctlLineLimit) return Report(RigctlInvalid) + "\n";
-    QStringList words =
-        QString::fromLatin1(line).split(QRegularExpression("\\s+"), Qt::SkipEmptyParts);
+    static const QRegularExpression blanks("\\s+");
+    QStringList words = QString::fromLatin1(line).split(blanks, Qt::SkipEmptyParts);
     if (words.isEmpty()) return {};
     char separator = 0;
     const QChar first = words[0].front();

@@ -2,6 +2,7 @@
 // real program, which talks to veldor-rigsim over a pseudo-terminal; the simulator's state
 // file tells what reached the rig.
 #include "link/catalogue.h"
+#include "rigsim_state.h"
 #include "sharing/rig_sharing.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -79,23 +80,9 @@ class SharedRig : public ::testing::Test {
         return out.trimmed();
     }
 
-    QString rigState(const QString& key) {
-        QFile f(stateFile);
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        for (const QByteArray& line : f.readAll().split('\n'))
-            if (line.startsWith(key.toUtf8() + "="))
-                return QString::fromUtf8(line.mid(key.size() + 1));
-        return {};
-    }
-
+    QString rigState(const QString& key) { return veldor::test::RigsimState(stateFile, key); }
     bool waitForRig(const QString& key, const QString& value) {
-        QElapsedTimer t;
-        t.start();
-        while (t.elapsed() < 5000) {
-            if (rigState(key) == value) return true;
-            QTest::qWait(20);
-        }
-        return false;
+        return veldor::test::WaitForRigsim(stateFile, key, value);
     }
 
     bool waitForDisplay(const QString& text) {

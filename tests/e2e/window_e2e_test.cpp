@@ -1,6 +1,7 @@
 // The real main window, with the real QSerialPort, over a pseudo-terminal to veldor-rigsim:
 // clicks on the widgets take the simulated FT-847 into CAT mode and out of it.
 #include "link/catalogue.h"
+#include "rigsim_state.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
 
@@ -50,25 +51,9 @@ class WindowOverPty : public ::testing::Test {
         rigsim.waitForFinished(5000);
     }
 
-    // The rig's own account of itself, as veldor-rigsim writes it.
-    QString rigState(const QString& key) {
-        QFile f(stateFile);
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        for (const QByteArray& line : f.readAll().split('\n'))
-            if (line.startsWith(key.toUtf8() + "="))
-                return QString::fromUtf8(line.mid(key.size() + 1));
-        return {};
-    }
-
+    QString rigState(const QString& key) { return veldor::test::RigsimState(stateFile, key); }
     bool waitForRig(const QString& key, const QString& value) {
-        QElapsedTimer t;
-        t.start();
-        while (t.elapsed() < 5000) {
-            QApplication::processEvents();
-            if (rigState(key) == value) return true;
-            QTest::qWait(20);
-        }
-        return false;
+        return veldor::test::WaitForRigsim(stateFile, key, value);
     }
 
     // A line to the rig's control pipe, as if the operator turned its knob.
