@@ -555,7 +555,7 @@ void MainWindow::buildMenus() {
     QAction* settings = options->addAction("&Settings...");
     settings->setObjectName("mnuSettings");
     connect(settings, &QAction::triggered, this, [this] { handle(Form_DblClick); });
-    QAction* sharing = options->addAction("Rig s&haring...");
+    QAction* sharing = options->addAction("Rig shari&ng...");
     sharing->setObjectName("mnuRigSharing");
     connect(sharing, &QAction::triggered, this, [this] {
         RigSharingDialog dialog(c_, this);
