@@ -115,7 +115,6 @@ QString DumpState(const Core& c) {
     const RigInfo* info = FindRig(rig);
     uint32_t modes = 0;
     for (const ModeTerm& term : kModeTerms) modes |= term.bit;
-    const QString vfos = RigHasTwoVfos(rig) ? "0x3" : "0x1";
     const QString end = "0 0 0 0 0 0 0\n";
 
     QString out = "1\n2\n0\n";  // protocol version, the NET rigctl model, region
@@ -124,7 +123,7 @@ QString DumpState(const Core& c) {
     QString ranges;
     if (info) {
         for (const FrequencyRange& r : info->ranges)
-            ranges += Hz(r.low) + " " + Hz(r.high) + " " + Hex(modes) + " -1 -1 " + vfos + " 0x0\n";
+            ranges += Hz(r.low) + " " + Hz(r.high) + " " + Hex(modes) + " -1 -1 0x1 0x0\n";
     }
     out += ranges + end;
     if (info && !info->receiver) out += ranges;
@@ -150,7 +149,10 @@ QString DumpState(const Core& c) {
     out += "vfo_ops=0x0\n";
     out += QString("ptt_type=") + (transmits ? "0x1" : "0x0") + "\n";
     out += "targetable_vfo=0x0\n";
-    out += QString("has_set_vfo=") + (RigHasTwoVfos(rig) ? "1" : "0") + "\n";
+    // VFO A alone, and no VFO choice: a Hamlib client that may choose the VFO reads both at
+    // every connection by switching the rig to VFO B and back, which on the FT-8 family
+    // rewrites the rig's memory. A client that wants the other VFO sends "V" all the same.
+    out += "has_set_vfo=0\n";
     out += "has_get_vfo=1\nhas_set_freq=1\nhas_get_freq=1\n";
     out += "has_set_conf=0\nhas_get_conf=0\nhas_power2mW=0\nhas_mW2power=0\n";
     out += "timeout=0\nrig_model=2\n";

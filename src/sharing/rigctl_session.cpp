@@ -19,6 +19,7 @@ struct Outcome {
     int code = RigctlOk;
     QStringList values;
     bool State::*waitFor = nullptr;
+    bool thenReading = false;  // the rig's new state shows only after a reading
     bool quit = false;
 };
 
@@ -118,7 +119,10 @@ Outcome SetVfo(Core& c, const QStringList& args) {
     if (!RigHasTwoVfos(c.s.RigType)) return Code(RigctlNotAvailable);
     c.s.VfoRequest = letter;
     c.s.PendingVfoSelect = true;
-    return Wait(&State::PendingVfoSelect);
+    // The other VFO's frequency and mode are known once the tick after has read them.
+    Outcome o = Wait(&State::PendingVfoSelect);
+    o.thenReading = true;
+    return o;
 }
 
 Outcome GetPtt(Core& c, const QStringList&) {
@@ -321,6 +325,7 @@ QByteArray Serve(Core& c, RigctlSession& session, const QByteArray& line) {
 
     if (outcome.waitFor) {
         session.waitingFor = outcome.waitFor;
+        session.waitingForReading = outcome.thenReading;
         session.waitingSince = c.p.clock->milliseconds();
         session.waitingSeparator = separator;
         session.waitingHead = separator ? ExtendedHead(*command, args, separator) : QByteArray();
@@ -333,6 +338,7 @@ QByteArray Serve(Core& c, RigctlSession& session, const QByteArray& line) {
 QByteArray Finish(RigctlSession& session, int code) {
     QByteArray out = session.waitingHead + Report(code) + "\n";
     session.waitingFor = nullptr;
+    session.waitingForReading = false;
     session.waitingHead.clear();
     session.waitingSeparator = 0;
     return out;
@@ -381,8 +387,13 @@ QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& byte
 
 QByteArray RigctlRequestsServed(Core& c, RigctlSession& session) {
     QByteArray out;
-    if (session.waitingFor && !(c.s.*session.waitingFor) && !c.s.SendBusy && !c.s.ReceiveBusy)
-        out = Finish(session, RigctlOk);
+    if (session.waitingFor && !(c.s.*session.waitingFor) && !c.s.SendBusy && !c.s.ReceiveBusy) {
+        // Carried out; a write whose effect a reading shows waits for the tick after.
+        if (session.waitingForReading)
+            session.waitingForReading = false;
+        else
+            out = Finish(session, RigctlOk);
+    }
     out += FailIfStuck(c, session);
     return out + Drain(c, session);
 }

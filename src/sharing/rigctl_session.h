@@ -17,6 +17,7 @@ struct RigctlSession {
     // The write in progress: the request the tick has still to serve, since when, and the
     // first lines of its reply.
     bool State::*waitingFor = nullptr;
+    bool waitingForReading = false;  // answered only after the reading that follows it
     uint32_t waitingSince = 0;
     QByteArray waitingHead;
     char waitingSeparator = 0;  // 0: plain replies; else the separator of extended ones

@@ -259,10 +259,15 @@ TEST(RigctlWrites, SplitAndVfoFollowTheirControls) {
     EXPECT_EQ(st.say("s\n"), "1\nVFOB\n");
     EXPECT_EQ(st.say("S 1 VFOB\n"), "RPRT 0\n");  // as it is: answered at once
 
+    // The other VFO is answered once a reading has shown its frequency.
     Shared ft450(RigFT450);
-    EXPECT_EQ(ft450.say("V VFOB\n"), "");
-    EXPECT_EQ(ft450.afterTick(), "RPRT 0\n");
+    ft450.c.s.PollingDelay = 0;
+    EXPECT_EQ(ft450.say("V VFOB\nf\n"), "");
+    EXPECT_EQ(ft450.afterTick(), "");
     EXPECT_TRUE(ft450.rig().state().vfoB);
+    EXPECT_EQ(ft450.afterTick(),
+              "RPRT 0\n" + QByteArray::number(ft450.rig().state().frequencyHz) + "\n");
+    EXPECT_EQ(ft450.rig().state().frequencyHz, 7050000);
     EXPECT_EQ(ft450.say("v\n"), "VFOB\n");
     EXPECT_EQ(ft450.say("V VFOB\n"), "RPRT 0\n");
 }
@@ -363,10 +368,12 @@ TEST(RigctlDumpState, DescribesTheRigFromTheCatalogue) {
     ASSERT_GE(lines.size(), 12);
     EXPECT_EQ(lines.mid(0, 3), QStringList({"1", "2", "0"}));
     // Receive ranges in hertz, then the same for transmit.
-    EXPECT_EQ(lines[3], "100000.000000 56000000.000000 0x1fff -1 -1 0x3 0x0");
+    EXPECT_EQ(lines[3], "100000.000000 56000000.000000 0x1fff -1 -1 0x1 0x0");
     EXPECT_EQ(lines[6], "0 0 0 0 0 0 0");
     EXPECT_EQ(lines[7], lines[3]);
     EXPECT_TRUE(lines.contains("ptt_type=0x1"));
+    // No VFO choice offered: Hamlib's client would switch VFOs at every connection.
+    EXPECT_TRUE(lines.contains("has_set_vfo=0"));
     EXPECT_EQ(lines.filter("=").size(), 14);
     EXPECT_EQ(lines.last(), "");
     EXPECT_EQ(lines[lines.size() - 2], "done");
@@ -379,7 +386,6 @@ TEST(RigctlDumpState, DescribesTheRigFromTheCatalogue) {
     EXPECT_EQ(rx[end + 1], "0 0 0 0 0 0 0");
     EXPECT_TRUE(rx[3].endsWith("0x1 0x0"));
     EXPECT_TRUE(rx.contains("ptt_type=0x0"));
-    EXPECT_TRUE(rx.contains("has_set_vfo=0"));
 }
 
 }  // namespace
