@@ -56,9 +56,12 @@ void RigctldServer::accept() {
 
 void RigctldServer::send(Client& client, const QByteArray& bytes) {
     if (!bytes.isEmpty()) client.socket->write(bytes);
-    // Goodbye once the reply is out; disconnectFromHost lets the written bytes go first.
+    // Goodbye once the reply is out; disconnectFromHost lets the written bytes go first. It
+    // is queued, since it may tell of the leaving at once, and the client is then gone from
+    // the list that a caller may be walking.
     if (client.session.closing && client.socket->state() == QAbstractSocket::ConnectedState)
-        client.socket->disconnectFromHost();
+        QMetaObject::invokeMethod(client.socket, &QAbstractSocket::disconnectFromHost,
+                                  Qt::QueuedConnection);
 }
 
 void RigctldServer::leave(Client* client) {

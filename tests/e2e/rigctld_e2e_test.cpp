@@ -178,6 +178,21 @@ TEST_F(SharedRig, BadClientsLeaveTheServerAndTheLinkWorking) {
     EXPECT_EQ(ask(noisy, noise + "\n", 1), "RPRT -1\n");
     EXPECT_EQ(ask(noisy, QByteArray(1 << 20, 'm') + "\nv\n", 2), "RPRT -1\nVFOA\n");
 
+    // One that floods the server behind a write is let go.
+    {
+        QTcpSocket flood;
+        flood.connectToHost(loopback, port);
+        ASSERT_TRUE(flood.waitForConnected(3000));
+        QByteArray lines = "F 21074000\n";
+        for (int i = 0; i < 1100; ++i) lines += "f\n";
+        flood.write(lines);
+        QElapsedTimer t;
+        t.start();
+        while (flood.state() == QAbstractSocket::ConnectedState && t.elapsed() < 5000)
+            QTest::qWait(20);
+        EXPECT_NE(flood.state(), QAbstractSocket::ConnectedState);
+    }
+
     // One leaves in the middle of a line, one before its write is answered.
     {
         QTcpSocket cut;
