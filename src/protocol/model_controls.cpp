@@ -9,11 +9,11 @@
 
 namespace veldor {
 
-namespace {
-
 bool Busy(const State& s) {
     return s.Transmitting || s.ScanRunning || s.SpectrumRunning;
 }
+
+namespace {
 
 // A memory byte changed by read, modify and write on the FT-857 and FT-897. The request
 // stays raised when the read times out, so that the next tick tries again after the link is

@@ -7,6 +7,9 @@
 
 namespace veldor {
 
+// A long job that a tuning request must not break into: transmitting, scanning, sweeping.
+bool Busy(const State& s);
+
 // Writes two bytes of the rig's memory (FT-817, FT-857, FT-897); the caller reads the
 // acknowledgement.
 void WriteEeprom(Core& c, uint16_t address, uint8_t first, uint8_t second);

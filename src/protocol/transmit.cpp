@@ -89,12 +89,16 @@ void PttOff(Core& c) {
     SwitchPtt(c, false);
 }
 
+bool PttKeyed(const Core& c) {
+    return c.s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : c.s.Transmitting;
+}
+
 void cmdTxRx_Click(Core& c) {
     State& s = c.s;
     Form1& f = c.f;
     if (f.chkOnOff.value == 0 || f.chkTransmitEnable.value == 0) return;
     if (s.SpectrumRunning || s.ScanRunning) return;
-    const bool toReceive = s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : s.Transmitting;
+    const bool toReceive = PttKeyed(c);
     if (toReceive) {
         ShowReceive(f.cmdTxRx);
     } else {

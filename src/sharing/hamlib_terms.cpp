@@ -113,6 +113,7 @@ QString VfoLetterOf(const Core& c, const QString& name) {
 QString DumpState(const Core& c) {
     const QString& rig = c.s.RigType;
     const RigInfo* info = FindRig(rig);
+    const bool transmits = info && !info->receiver;
     uint32_t modes = 0;
     for (const ModeTerm& term : kModeTerms) modes |= term.bit;
     const QString end = "0 0 0 0 0 0 0\n";
@@ -126,7 +127,7 @@ QString DumpState(const Core& c) {
             ranges += Hz(r.low) + " " + Hz(r.high) + " " + Hex(modes) + " -1 -1 0x1 0x0\n";
     }
     out += ranges + end;
-    if (info && !info->receiver) out += ranges;
+    if (transmits) out += ranges;
     out += end;
     // Tuning step: the program's unit of 10 Hz in every mode.
     out += Hex(modes) + " 10\n0 0\n";
@@ -145,7 +146,6 @@ QString DumpState(const Core& c) {
     // meter reading are read.
     constexpr uint64_t kRawStr = 1ULL << 26, kStrength = 1ULL << 30;
     out += "0x0\n0x0\n" + Hex(kRawStr | kStrength) + "\n0x0\n0x0\n0x0\n";
-    const bool transmits = info && !info->receiver;
     out += "vfo_ops=0x0\n";
     out += QString("ptt_type=") + (transmits ? "0x1" : "0x0") + "\n";
     out += "targetable_vfo=0x0\n";

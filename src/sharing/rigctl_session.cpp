@@ -48,8 +48,13 @@ bool LinkRunning(const Core& c) {
 // The test of a click that tunes: the link runs, and nothing forbids a change.
 int TuneGate(const Core& c) {
     if (!LinkRunning(c)) return RigctlLinkDown;
-    if (c.s.Transmitting || c.s.ScanRunning || c.s.SpectrumRunning) return RigctlRefused;
+    if (Busy(c.s)) return RigctlRefused;
     return RigctlOk;
+}
+
+// A frequency the rig can be put on (a zero passes the catalogue's test, not the rig).
+bool Tunable(const Core& c, int32_t frequency) {
+    return frequency > 0 && InRigRanges(c.s.RigType, frequency);
 }
 
 bool Number(const QString& text, int* out) {
@@ -59,8 +64,7 @@ bool Number(const QString& text, int* out) {
 }
 
 bool OnAir(const Core& c) {
-    const bool keyed = c.s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : c.s.Transmitting;
-    return keyed || c.f.lblTX.backColour == Red;
+    return PttKeyed(c) || c.f.lblTX.backColour == Red;
 }
 
 // The mode that goes with a new frequency: the one shown, if the program knows it.
@@ -79,7 +83,7 @@ Outcome SetFreq(Core& c, const QStringList& args) {
     if (!ok || !std::isfinite(hz) || hz <= 0 || hz > 2e10) return Code(RigctlInvalid);
     if (const int gate = TuneGate(c)) return Code(gate);
     const int32_t frequency = basic::CLng(hz / 10);
-    if (frequency <= 0 || !InRigRanges(c.s.RigType, frequency)) return Code(RigctlInvalid);
+    if (!Tunable(c, frequency)) return Code(RigctlInvalid);
     c.s.TargetFrequency = frequency;
     c.s.TargetMode = ModeToKeep(c);
     c.s.FrequencyChangePending = true;
@@ -99,7 +103,7 @@ Outcome SetMode(Core& c, const QStringList& args) {
     if (mode.isEmpty()) return Code(RigctlInvalid);
     if (const int gate = TuneGate(c)) return Code(gate);
     const int32_t frequency = c.s.CurrentFrequency;
-    if (frequency <= 0 || !InRigRanges(c.s.RigType, frequency)) return Code(RigctlRefused);
+    if (!Tunable(c, frequency)) return Code(RigctlRefused);
     c.s.TargetFrequency = frequency;
     c.s.TargetMode = mode;
     c.s.FrequencyChangePending = true;
@@ -139,8 +143,7 @@ Outcome SetPtt(Core& c, const QStringList& args) {
     if (c.f.chkTransmitEnable.value == 0 || c.s.ScanRunning || c.s.SpectrumRunning)
         return Code(RigctlRefused);
     const bool on = ptt != 0;
-    const bool keyed = c.s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : c.s.Transmitting;
-    if (on == keyed) return Code(RigctlOk);
+    if (on == PttKeyed(c)) return Code(RigctlOk);
     cmdTxRx_Click(c);
     bool State::*flag = on ? &State::PttOnPending : &State::PttOffPending;
     if (c.s.*flag) return Wait(flag);
@@ -327,7 +330,6 @@ QByteArray Serve(Core& c, RigctlSession& session, const QByteArray& line) {
         session.waitingFor = outcome.waitFor;
         session.waitingForReading = outcome.thenReading;
         session.waitingSince = c.p.clock->milliseconds();
-        session.waitingSeparator = separator;
         session.waitingHead = separator ? ExtendedHead(*command, args, separator) : QByteArray();
         return {};
     }
@@ -340,7 +342,6 @@ QByteArray Finish(RigctlSession& session, int code) {
     session.waitingFor = nullptr;
     session.waitingForReading = false;
     session.waitingHead.clear();
-    session.waitingSeparator = 0;
     return out;
 }
 

@@ -19,9 +19,8 @@ struct RigctlSession {
     bool State::*waitingFor = nullptr;
     bool waitingForReading = false;  // answered only after the reading that follows it
     uint32_t waitingSince = 0;
-    QByteArray waitingHead;
-    char waitingSeparator = 0;  // 0: plain replies; else the separator of extended ones
-    bool closing = false;       // the client has said goodbye, or flooded the server
+    QByteArray waitingHead;  // empty for a plain reply
+    bool closing = false;    // the client has said goodbye, or flooded the server
 };
 
 // The longest line served, and the most lines kept behind a write in progress.

@@ -39,6 +39,13 @@ class FakeRigServer : public RigServer {
 
 struct Sharing : Station {
     Sharing() : Station(RigFT817) { c.p.rigServer = &server; }
+    // The dialog opened on the stored settings, with sharing ticked.
+    FrmRigSharing& shareOn() {
+        load();
+        frmRigSharing_Load(c);
+        c.frmRigSharing.chkRigctldEnabled.value = 1;
+        return c.frmRigSharing;
+    }
     FakeRigServer server;
 };
 
@@ -91,10 +98,7 @@ TEST(RigSharingDialog, ShowsTheSettingsInForceAndTheServersState) {
 
 TEST(RigSharingDialog, OkAppliesAtOnceAndSaves) {
     Sharing st;
-    st.load();
-    frmRigSharing_Load(st.c);
-    FrmRigSharing& d = st.c.frmRigSharing;
-    d.chkRigctldEnabled.value = 1;
+    FrmRigSharing& d = st.shareOn();
     d.txtRigctldPort.text = " 4533 ";
     EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
     EXPECT_TRUE(st.server.on);
@@ -125,12 +129,9 @@ TEST(RigSharingDialog, BadBoxesAreRefusedAndNothingChanges) {
     };
     for (const BadBox& t : cases) {
         Sharing st;
-        st.load();
         st.server.refused = "10.9.9.9";
         st.dialogs.answers.push_back(MsgResult::Yes);  // yes, share it on the network
-        frmRigSharing_Load(st.c);
-        FrmRigSharing& d = st.c.frmRigSharing;
-        d.chkRigctldEnabled.value = 1;
+        FrmRigSharing& d = st.shareOn();
         d.txtRigctldPort.text = t.port;
         d.txtRigctldAddress.text = t.address;
         EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c)) << t.port << " " << t.address;
@@ -143,10 +144,7 @@ TEST(RigSharingDialog, BadBoxesAreRefusedAndNothingChanges) {
 
 TEST(RigSharingDialog, OpeningTheRigToTheNetworkIsAskedFirst) {
     Sharing st;
-    st.load();
-    frmRigSharing_Load(st.c);
-    FrmRigSharing& d = st.c.frmRigSharing;
-    d.chkRigctldEnabled.value = 1;
+    FrmRigSharing& d = st.shareOn();
     d.txtRigctldAddress.text = "0.0.0.0";
     st.dialogs.answers.push_back(MsgResult::No);
     EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c));
