@@ -1,7 +1,7 @@
 // Full readings per second on the built-in simulated rig with wire pacing, on the real
 // clock, beside the bound that the wire and the program's own delays allow.
 #include "link/catalogue.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "platform/ini_store.h"
 #include "platform/qt_platform.h"
 #include "platform/sim_port.h"

@@ -1,6 +1,6 @@
 #include "ui/application.h"
 
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
 #include "ui/main_window.h"
 

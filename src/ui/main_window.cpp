@@ -1,8 +1,8 @@
 #include "ui/main_window.h"
 
 #include "link/catalogue.h"
-#include "link/poll_cycle.h"
-#include "link/start_stop.h"
+#include "cycle/poll_cycle.h"
+#include "cycle/start_stop.h"
 #include "protocol/model_controls.h"
 #include "protocol/tones.h"
 #include "protocol/transmit.h"

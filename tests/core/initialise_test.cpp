@@ -1,6 +1,6 @@
 // The start-up reading of the store into the program's values.
 #include "link/catalogue.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 // functions, and the order the tick serves them in.
 #include "protocol/model_controls.h"
 #include "link/catalogue.h"
-#include "link/poll_cycle.h"
-#include "link/start_stop.h"
+#include "cycle/poll_cycle.h"
+#include "cycle/start_stop.h"
 #include "shell/customise.h"
 #include "support/fakes.h"
 

@@ -3,8 +3,8 @@
 #include "protocol/read_frequency.h"
 #include "basic/basic.h"
 #include "link/catalogue.h"
-#include "link/poll_cycle.h"
-#include "link/start_stop.h"
+#include "cycle/poll_cycle.h"
+#include "cycle/start_stop.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

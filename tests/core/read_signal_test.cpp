@@ -2,7 +2,7 @@
 // written by hand from the rigs' manuals.
 #include "protocol/read_signal.h"
 #include "link/catalogue.h"
-#include "link/poll_cycle.h"
+#include "cycle/poll_cycle.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 // rig. Reads must cost the rig nothing; writes go through the tick and are answered after it.
 #include "sharing/rigctl_session.h"
 #include "link/catalogue.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "sharing/hamlib_terms.h"
 #include "support/fakes.h"
 

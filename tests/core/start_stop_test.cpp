@@ -1,5 +1,5 @@
 // Start-up, connections and the program's end, against the simulated rigs on virtual time.
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "support/fakes.h"

@@ -1,6 +1,6 @@
 // The clock timer, the ten-minute counter, the delay sliders, and the tick's recovery.
 #include "link/catalogue.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

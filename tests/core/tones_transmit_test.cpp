@@ -1,6 +1,6 @@
 // Tones, repeater shift, and transmit switching with its lines.
 #include "link/catalogue.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "protocol/tones.h"
 #include "protocol/transmit.h"
 #include "shell/customise.h"

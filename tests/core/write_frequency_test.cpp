@@ -2,7 +2,7 @@
 // frequency, and the mode buttons.
 #include "protocol/write_frequency.h"
 #include "link/catalogue.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

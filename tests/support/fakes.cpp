@@ -1,6 +1,6 @@
 #include "support/fakes.h"
 
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 
 #include <QDir>
 

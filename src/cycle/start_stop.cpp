@@ -1,4 +1,4 @@
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 
 #include "basic/basic.h"
 #include "link/catalogue.h"

@@ -5,9 +5,9 @@
 #include <stdexcept>
 
 #include "link/catalogue.h"
-#include "link/poll_cycle.h"
+#include "cycle/poll_cycle.h"
 #include "link/serial_link.h"
-#include "link/start_stop.h"
+#include "cycle/start_stop.h"
 #include "protocol/model_controls.h"
 #include "protocol/read_frequency.h"
 #include "protocol/tones.h"
