@@ -1,7 +1,7 @@
 // Full readings per second on the built-in simulated rig with wire pacing, on the real
 // clock, beside the bound that the wire and the program's own delays allow.
-#include "link/catalogue.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "platform/ini_store.h"
 #include "platform/qt_platform.h"
 #include "platform/sim_port.h"
@@ -36,9 +36,16 @@ class BenchSystem : public System {
     int screenWidthTwips() override { return 28800; }
     int screenHeightTwips() override { return 16200; }
     QString programFolder() override { return "."; }
-    void showSettings() override {}
     void endProcess() override {}
     void abortProcess() override {}
+};
+
+class NoWindows : public Windows {
+  public:
+    void show(FormId, bool) override {}
+    void hide(FormId) override {}
+    void close(FormId) override {}
+    bool shown(FormId) const override { return false; }
 };
 
 class ManualTimer : public Timer {
@@ -73,8 +80,17 @@ class BenchServer : public RigServer {
 struct BenchStation {
     BenchStation(const char* rig, const char* speed)
         : port(clock, [this] { return c.s.RigType; }), ptt(clock, [this] { return c.s.RigType; }) {
-        c.p =
-            Platform{&port, &ptt, &clock, &pump, &poll, &tick, &store, &dialogs, &system, &server};
+        c.p = Platform{.MSComm1 = &port,
+                       .PttComPort = &ptt,
+                       .clock = &clock,
+                       .pump = &pump,
+                       .tmrPollInterval = &poll,
+                       .tmrClock = &tick,
+                       .store = &store,
+                       .dialogs = &dialogs,
+                       .system = &system,
+                       .windows = &windows,
+                       .rigServer = &server};
         server.c = &c;
         for (auto [k, v] : {std::pair<const char*, QString>{"RigType", rig},
                             {"Commport", "SIM"},
@@ -100,6 +116,7 @@ struct BenchStation {
     IniStore store{dir.path()};
     NoDialogs dialogs;
     BenchSystem system;
+    NoWindows windows;
     SimPort port;
     SystemSerialPort ptt;
     ManualTimer poll, tick;

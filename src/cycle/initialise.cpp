@@ -1,7 +1,7 @@
 #include "basic/basic.h"
+#include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
-#include "cycle/start_stop.h"
 #include "shell/customise.h"
 
 namespace veldor {

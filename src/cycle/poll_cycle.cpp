@@ -1,8 +1,8 @@
 #include "cycle/poll_cycle.h"
 
+#include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
-#include "cycle/start_stop.h"
 #include "protocol/read_frequency.h"
 #include "protocol/read_signal.h"
 

@@ -202,7 +202,7 @@ void Form_DblClick(Core& c) {
     if (LongJobRunning(c.s)) return;
     c.s.SettingsRequested = false;
     c.p.tmrPollInterval->setEnabled(false);
-    c.p.system->showSettings();
+    c.p.windows->show(FormId::frmSettings, true);
     if (c.s.RigType != RigNotSet && c.f.chkOnOff.value == 1) c.p.tmrPollInterval->setEnabled(true);
 }
 

@@ -4,10 +4,10 @@
 #include <new>
 #include <stdexcept>
 
-#include "link/catalogue.h"
 #include "cycle/poll_cycle.h"
-#include "link/serial_link.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
+#include "link/serial_link.h"
 #include "protocol/model_controls.h"
 #include "protocol/read_frequency.h"
 #include "protocol/tones.h"

@@ -3,6 +3,18 @@
 #pragma once
 
 #include "link/form1.h"
+#include "link/forms/frm_450_dsp.h"
+#include "link/forms/frm_about.h"
+#include "link/forms/frm_convert.h"
+#include "link/forms/frm_csv_mem.h"
+#include "link/forms/frm_error_list.h"
+#include "link/forms/frm_meters.h"
+#include "link/forms/frm_record.h"
+#include "link/forms/frm_rig_sharing.h"
+#include "link/forms/frm_scanner.h"
+#include "link/forms/frm_set_memory.h"
+#include "link/forms/frm_settings.h"
+#include "link/forms/frm_xband_repeat.h"
 #include "link/platform.h"
 #include "link/state.h"
 
@@ -18,6 +30,7 @@ struct Platform {
     SettingsStore* store = nullptr;
     Dialogs* dialogs = nullptr;
     System* system = nullptr;
+    Windows* windows = nullptr;
     RigServer* rigServer = nullptr;  // none: rig sharing is not built in
 };
 
@@ -28,6 +41,14 @@ struct Core {
     Frm450DSP frm450DSP;
     FrmMeters frmMeters;
     FrmRigSharing frmRigSharing;
+    FrmSetMemory frmSetMemory;
+    FrmScanner frmScanner;
+    FrmCsvMem frmCsvMem;
+    FrmConvert frmConvert;
+    FrmRecord frmRecord;
+    FrmXBandRepeat frmXBandRepeat;
+    FrmSettings frmSettings;
+    FrmAbout frmAbout;
     Platform p;
 };
 

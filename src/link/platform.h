@@ -102,11 +102,36 @@ class System {
     virtual int screenWidthTwips() = 0;
     virtual int screenHeightTwips() = 0;
     virtual QString programFolder() = 0;
-    // The settings dialog, shown modally.
-    virtual void showSettings() = 0;
     virtual void endProcess() = 0;
     // Ends the process at once, saving nothing.
     virtual void abortProcess() = 0;
+};
+
+// The program's windows other than the main one.
+enum class FormId {
+    frmSettings,
+    frmSetMemory,
+    frmScanner,
+    frmCsvMem,
+    frmConvert,
+    frmRecord,
+    frmXBandRepeat,
+    frm450DSP,
+    frmMeters,
+    frmAbout,
+};
+
+// Shows and closes the other windows. The core fills a window's form struct (its load
+// handler) before it asks for the window to be shown, and runs its unload handler before it
+// asks for it to be closed; the window only shows the struct and forwards its events.
+class Windows {
+  public:
+    virtual ~Windows() = default;
+    // A modal window returns when it has been closed.
+    virtual void show(FormId form, bool modal) = 0;
+    virtual void hide(FormId form) = 0;
+    virtual void close(FormId form) = 0;
+    virtual bool shown(FormId form) const = 0;
 };
 
 // The listening side of rig sharing: a socket on which other programs connect.

@@ -1,6 +1,16 @@
 // The one shared state record of the program: plain values, read and written by any
-// procedure, alive from InitialiseVariables to the end of the program.
+// procedure, alive from InitialiseVariables to the end of the program. The values of the link
+// and the rig's protocol stand here; each subsystem above keeps its own in link/state/, and
+// State gathers them all, so that every value is read as c.s.Name.
 #pragma once
+
+#include "link/state/accessories.h"
+#include "link/state/convert.h"
+#include "link/state/grid.h"
+#include "link/state/memories.h"
+#include "link/state/scan.h"
+#include "link/state/shell.h"
+#include "link/state/tuning.h"
 
 #include <QByteArray>
 #include <QString>
@@ -10,7 +20,13 @@
 
 namespace veldor {
 
-struct State {
+struct State : TuningState,
+               MemoriesState,
+               ScanState,
+               GridState,
+               ConvertState,
+               AccessoriesState,
+               ShellState {
     // Store and files.
     QString AppName = "VELDOR";
     QString ConfigName;  // the name given with /CONFIG=, empty without one

@@ -15,26 +15,36 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
-          if (window_) window_->render();
+          views_.renderAll();
       }),
       clockTimer_([this] {
           tmrClock_Timer(c_);
-          if (window_) window_->render();
+          views_.renderAll();
       }) {
     clockTimer_.setInterval(1000);
-    c_.p = Platform{&mainPort_,   &pttPort_, &clock_,   &pump_,   &pollTimer_,
-                    &clockTimer_, &store_,   &dialogs_, &system_, &rigctld_};
+    c_.p = Platform{.MSComm1 = &mainPort_,
+                    .PttComPort = &pttPort_,
+                    .clock = &clock_,
+                    .pump = &pump_,
+                    .tmrPollInterval = &pollTimer_,
+                    .tmrClock = &clockTimer_,
+                    .store = &store_,
+                    .dialogs = &dialogs_,
+                    .system = &system_,
+                    .windows = &windows_,
+                    .rigServer = &rigctld_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     // Whatever the core has reached shows before the events of a pause run.
-    pump_.beforeEvents = [this] {
-        if (window_) window_->render();
-    };
-    system_.onShowSettings = [this] {
-        QMessageBox::information(
-            window_.get(), "Settings",
-            "Settings are kept in\n" + IniStore::defaultFolder() + "/" + c_.s.AppName + ".ini");
-    };
-    window_ = std::make_unique<MainWindow>(c_);
+    pump_.beforeEvents = [this] { views_.renderAll(); };
+    // Until the settings dialog is built, the operator is told where the settings are kept.
+    windows_.add(FormId::frmSettings, [this] {
+        auto* box = new QMessageBox(
+            QMessageBox::Information, "Settings",
+            "Settings are kept in\n" + IniStore::defaultFolder() + "/" + c_.s.AppName + ".ini",
+            QMessageBox::Ok, window_.get());
+        return box;
+    });
+    window_ = std::make_unique<MainWindow>(c_, views_);
 }
 
 Application::~Application() = default;

@@ -7,6 +7,8 @@
 #include "platform/rigctld_server.h"
 #include "platform/system_serial_port.h"
 #include "ui/qt_dialogs.h"
+#include "ui/qt_windows.h"
+#include "ui/view_kit.h"
 
 #include <memory>
 
@@ -26,6 +28,8 @@ class Application {
     void closeForSignal();
 
     Core& core() { return c_; }
+    Views& views() { return views_; }
+    QtWindows& windows() { return windows_; }
     MainWindow& window() { return *window_; }
     RigctldServer& rigctld() { return rigctld_; }
 
@@ -36,6 +40,8 @@ class Application {
     IniStore store_;
     QtDialogs dialogs_;
     QtSystem system_;
+    QtWindows windows_;
+    Views views_;
     SystemSerialPort mainPort_;
     SystemSerialPort pttPort_;
     QtTimer pollTimer_;

@@ -103,10 +103,6 @@ QString QtSystem::programFolder() {
     return QCoreApplication::applicationDirPath();
 }
 
-void QtSystem::showSettings() {
-    if (onShowSettings) onShowSettings();
-}
-
 void QtSystem::abortProcess() {
     std::_Exit(0);
 }

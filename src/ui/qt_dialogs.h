@@ -21,14 +21,11 @@ class QtDialogs : public Dialogs {
 
 class QtSystem : public System {
   public:
-    std::function<void()> onShowSettings;
-    QString settingsFile;
     bool directoryExists(const QString& path) override;
     QChar decimalSeparator() override;
     int screenWidthTwips() override;
     int screenHeightTwips() override;
     QString programFolder() override;
-    void showSettings() override;
     void endProcess() override;
     void abortProcess() override;
     bool ended() const { return ended_; }

@@ -70,7 +70,7 @@ TEST(FirstRun, AutoStartWithNoRigOpensNoDialog) {
     Station st(RigNotSet);
     st.setting("AutoStart", "Yes");
     st.load();
-    EXPECT_EQ(st.system.settingsShown, 0);
+    EXPECT_EQ(st.windows.timesShown(FormId::frmSettings), 0);
     EXPECT_EQ(st.c.f.chkOnOff.value, 0);
 }
 
@@ -235,7 +235,7 @@ TEST(OnOff, WithNoRigTheSettingsOpenInstead) {
     Station st(RigNotSet);
     st.load();
     st.switchOn();
-    EXPECT_EQ(st.system.settingsShown, 1);
+    EXPECT_EQ(st.windows.timesShown(FormId::frmSettings), 1);
     EXPECT_EQ(st.c.f.chkOnOff.value, 0);
     EXPECT_EQ(st.c.f.chkOnOff.backColour, White);
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());

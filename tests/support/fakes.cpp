@@ -34,6 +34,30 @@ QString ScriptedDialogs::browseForFolder(const QString& prompt) {
     return folderAnswer;
 }
 
+void FakeWindows::show(FormId form, bool modal) {
+    shownLog.push_back(form);
+    if (!shown(form)) open.push_back(form);
+    if (!modal) return;
+    if (auto op = operators.find(form); op != operators.end()) op->second();
+    close(form);
+}
+
+void FakeWindows::hide(FormId form) {
+    close(form);
+}
+
+void FakeWindows::close(FormId form) {
+    open.erase(std::remove(open.begin(), open.end(), form), open.end());
+}
+
+bool FakeWindows::shown(FormId form) const {
+    return std::find(open.begin(), open.end(), form) != open.end();
+}
+
+int FakeWindows::timesShown(FormId form) const {
+    return static_cast<int>(std::count(shownLog.begin(), shownLog.end(), form));
+}
+
 bool FakeSystem::directoryExists(const QString& path) {
     return std::find(existingFolders.begin(), existingFolders.end(), path) != existingFolders.end();
 }
@@ -106,8 +130,16 @@ Harness::Harness(bool scriptedMainPort) {
         simPort = std::make_unique<SimPort>(clock, [this] { return c.s.RigType; });
         main = simPort.get();
     }
-    c.p = Platform{main,        &pttPort,    &clock,   &pump,  &pollTimer,
-                   &clockTimer, store.get(), &dialogs, &system};
+    c.p = Platform{.MSComm1 = main,
+                   .PttComPort = &pttPort,
+                   .clock = &clock,
+                   .pump = &pump,
+                   .tmrPollInterval = &pollTimer,
+                   .tmrClock = &clockTimer,
+                   .store = store.get(),
+                   .dialogs = &dialogs,
+                   .system = &system,
+                   .windows = &windows};
 }
 
 void Harness::setting(const QString& key, const QString& value) {

@@ -74,17 +74,29 @@ class FakeSystem : public System {
     QChar decimalMark = '.';
     int screenWidth = 1920 * 15;
     int screenHeight = 1080 * 15;
-    int settingsShown = 0;
     bool ended = false;
     bool directoryExists(const QString& path) override;
     QChar decimalSeparator() override { return decimalMark; }
     int screenWidthTwips() override { return screenWidth; }
     int screenHeightTwips() override { return screenHeight; }
     QString programFolder() override { return "/opt/veldor"; }
-    void showSettings() override { ++settingsShown; }
     void endProcess() override { ended = true; }
     void abortProcess() override { aborted = true; }
     bool aborted = false;
+};
+
+// The other windows: what was shown and closed. A modal window runs the test's operator (the
+// function given for it) while it is up, then closes as a modal window does.
+class FakeWindows : public Windows {
+  public:
+    std::map<FormId, std::function<void()>> operators;
+    std::vector<FormId> shownLog;
+    std::vector<FormId> open;
+    void show(FormId form, bool modal) override;
+    void hide(FormId form) override;
+    void close(FormId form) override;
+    bool shown(FormId form) const override;
+    int timesShown(FormId form) const;
 };
 
 // A serial port whose replies a test writes in advance, each readable from a given moment.
@@ -149,6 +161,7 @@ struct Harness {
     std::unique_ptr<IniStore> store;
     ScriptedDialogs dialogs;
     FakeSystem system;
+    FakeWindows windows;
     std::unique_ptr<SimPort> simPort;
     std::unique_ptr<ScriptedPort> scriptedPort;
     ScriptedPort pttPort{clock};

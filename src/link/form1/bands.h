@@ -1,0 +1,10 @@
+// The thirteen band buttons.
+#pragma once
+
+#include "link/controls.h"
+
+namespace veldor {
+
+struct BandsGroup {};
+
+}  // namespace veldor

@@ -1,0 +1,13 @@
+// The scan controls and the spectrum display of the main window.
+#pragma once
+
+#include "link/controls.h"
+
+namespace veldor {
+
+struct ScanGroup {
+    CommandButton cmdStartStopScan{{false, true, {}}, "Start Scan"};
+    CommandButton cmdScanMemOrBank{{true, true, " Scan Memory, current Bank or Grid "}, "Scan Bnk"};
+};
+
+}  // namespace veldor

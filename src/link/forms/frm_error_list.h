@@ -1,0 +1,14 @@
+// The messages window: the program's running log.
+#pragma once
+
+#include "link/controls.h"
+
+namespace veldor {
+
+struct FrmErrorList {
+    bool visible = false;
+    QString caption = "Messages";
+    TextBox txtErrors;
+};
+
+}  // namespace veldor

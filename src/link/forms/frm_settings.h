@@ -1,0 +1,10 @@
+// The settings dialog.
+#pragma once
+
+#include "link/controls.h"
+
+namespace veldor {
+
+struct FrmSettings {};
+
+}  // namespace veldor

@@ -1,0 +1,27 @@
+// The groups of the main window, each built into its own widget through the window's kit.
+#pragma once
+
+#include "ui/view_kit.h"
+
+class QWidget;
+
+namespace veldor {
+
+// On/off, the timeout count, the UTC clock and the ten-minute counter.
+QWidget* BuildConnectionGroup(ViewKit& kit, QWidget* parent);
+// Frequency, mode and tuning state, with the VFO buttons beside them.
+QWidget* BuildFrequencyGroup(ViewKit& kit, QWidget* parent);
+// The S-meter under its scale, the signal threshold, and the state lights.
+QWidget* BuildMeterGroup(ViewKit& kit, QWidget* parent);
+// The mode buttons, packed without gaps where the rig has no button.
+QWidget* BuildModesGroup(ViewKit& kit, QWidget* parent);
+// TX/RX, its enable box and split.
+QWidget* BuildTransmitGroup(ViewKit& kit, QWidget* parent);
+// Repeater shift and CTCSS tone.
+QWidget* BuildRepeaterGroup(ViewKit& kit, QWidget* parent);
+// The frames of each rig model's own controls.
+QWidget* BuildModelFrames(ViewKit& kit, QWidget* parent);
+// The delay sliders, and the scan buttons beside them.
+QWidget* BuildDelaysGroup(ViewKit& kit, QWidget* parent);
+
+}  // namespace veldor

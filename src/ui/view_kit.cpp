@@ -1,0 +1,326 @@
+#include "ui/view_kit.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+
+#include <algorithm>
+#include <memory>
+
+namespace veldor {
+
+namespace {
+
+void ShowTip(QWidget* w, const QString& tip) {
+    if (w->toolTip() != tip) w->setToolTip(tip);
+}
+
+// Enabled, visible and the tool tip; the tip is the control's own unless one is given.
+void ShowControl(QWidget* w, const Control& control, const QString* tip = nullptr) {
+    if (w->isEnabled() != control.enabled) w->setEnabled(control.enabled);
+    if (w->isVisibleTo(w->parentWidget()) != control.visible) w->setVisible(control.visible);
+    ShowTip(w, tip ? *tip : control.toolTip);
+}
+
+template <typename W>
+void ShowText(W* w, const QString& text) {
+    if (w->text() != text) w->setText(text);
+}
+
+void ShowColour(QWidget* w, Colour colour) {
+    const QString style = StyleFor(colour);
+    if (w->styleSheet() != style) w->setStyleSheet(style);
+}
+
+// Caption, tool tip and what a screen reader says, for a widget with a text.
+template <typename W>
+void ShowCaption(W* w, const QString& caption, const QString& toolTip) {
+    ShowText(w, caption);
+    SetAccessible(w, caption, toolTip);
+}
+
+}  // namespace
+
+QString StyleFor(Colour colour) {
+    if (colour == ButtonFace) return {};
+    const int r = colour & 0xFF, g = (colour >> 8) & 0xFF, b = (colour >> 16) & 0xFF;
+    return QString("background-color: rgb(%1,%2,%3);").arg(r).arg(g).arg(b);
+}
+
+QString PlainCaption(const QString& caption) {
+    QString plain;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == '&' && i + 1 < caption.size()) ++i;  // "&&" stands for one "&"
+        plain += caption[i];
+    }
+    return plain.trimmed();
+}
+
+void SetAccessible(QWidget* widget, const QString& caption, const QString& toolTip) {
+    const QString name = PlainCaption(caption);
+    if (!name.isEmpty() && widget->accessibleName() != name) widget->setAccessibleName(name);
+    const QString description = toolTip.trimmed();
+    if (widget->accessibleDescription() != description)
+        widget->setAccessibleDescription(description);
+}
+
+void SetAccessibleValue(QWidget* widget, const QString& toolTip) {
+    // A box that shows a value is named by the window (the label beside it); without one, its
+    // tool tip says what it is.
+    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(toolTip.trimmed());
+    SetAccessible(widget, {}, toolTip);
+}
+
+void Views::renderAll() {
+    // A render may open or close a window, whose kit then joins or leaves the list.
+    const std::vector<ViewKit*> kits = kits_;
+    for (ViewKit* kit : kits)
+        if (std::find(kits_.begin(), kits_.end(), kit) != kits_.end()) kit->render();
+}
+
+ViewKit::ViewKit(Core& core, Views& views) : c_(core), views_(views) {
+    views_.kits_.push_back(this);
+}
+
+ViewKit::~ViewKit() {
+    auto& kits = views_.kits_;
+    kits.erase(std::remove(kits.begin(), kits.end(), this), kits.end());
+}
+
+void ViewKit::handle(const Handler& handler) {
+    handler(c_);
+    views_.renderAll();
+}
+
+void ViewKit::render() {
+    rendering_ = true;
+    for (const auto& renderer : renderers_) renderer();
+    rendering_ = false;
+}
+
+void ViewKit::onRender(std::function<void()> renderer) {
+    renderers_.push_back(std::move(renderer));
+}
+
+QPushButton* ViewKit::button(QWidget* parent, const QString& name, const CommandButton& model,
+                             Handler onClick, const QString& fallback, const QString& keyTip) {
+    auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
+    b->setObjectName(name);
+    const bool wired = static_cast<bool>(onClick);
+    if (wired) {
+        QObject::connect(b, &QPushButton::clicked, b, [this, onClick] {
+            if (!rendering_) handle(onClick);
+        });
+    }
+    onRender([b, &model, fallback, keyTip, wired] {
+        const QString tip = model.toolTip + keyTip;
+        ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
+        ShowControl(b, model, &tip);
+        if (!wired) b->setEnabled(false);
+        ShowColour(b, model.backColour);
+        if (b->isCheckable() && b->isChecked() != model.pressed) b->setChecked(model.pressed);
+        if (b->font().bold() != model.bold) {
+            QFont font = b->font();
+            font.setBold(model.bold);
+            b->setFont(font);
+        }
+    });
+    return b;
+}
+
+QPushButton* ViewKit::labelButton(QWidget* parent, const QString& name, const Label& model,
+                                  Handler onClick, const QString& fallback,
+                                  const QString& fallbackTip) {
+    auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
+    b->setObjectName(name);
+    const bool wired = static_cast<bool>(onClick);
+    if (wired) {
+        QObject::connect(b, &QPushButton::clicked, b, [this, onClick] {
+            if (!rendering_) handle(onClick);
+        });
+    }
+    onRender([b, &model, fallback, fallbackTip, wired] {
+        const QString tip = model.toolTip.isEmpty() ? fallbackTip : model.toolTip;
+        ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
+        ShowControl(b, model, &tip);
+        if (!wired) b->setEnabled(false);
+        ShowColour(b, model.backColour);
+    });
+    return b;
+}
+
+QLabel* ViewKit::light(QWidget* parent, const QString& name, const Label& model) {
+    QLabel* l = label(parent, name, model);
+    l->setAlignment(Qt::AlignCenter);
+    l->setFrameShape(QFrame::Panel);
+    l->setMinimumWidth(44);
+    l->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    return l;
+}
+
+QLabel* ViewKit::label(QWidget* parent, const QString& name, const Label& model) {
+    auto* l = new QLabel(model.caption, parent);
+    l->setObjectName(name);
+    onRender([l, &model] {
+        // A label is read by its text; its tool tip says what the text is.
+        ShowText(l, model.caption);
+        SetAccessible(l, {}, model.toolTip);
+        ShowControl(l, model);
+        ShowColour(l, model.backColour);
+    });
+    return l;
+}
+
+QRadioButton* ViewKit::option(QWidget* parent, const QString& name, OptionButton& model,
+                              const QString& fallback, Handler onClick) {
+    auto* o = new QRadioButton(model.caption.isEmpty() ? fallback : model.caption, parent);
+    o->setObjectName(name);
+    const bool wired = static_cast<bool>(onClick);
+    if (wired) {
+        QObject::connect(o, &QRadioButton::clicked, o, [this, &model, onClick] {
+            if (rendering_) return;
+            model.value = true;
+            handle(onClick);
+        });
+    }
+    onRender([o, &model, fallback, wired] {
+        ShowCaption(o, model.caption.isEmpty() ? fallback : model.caption, model.toolTip);
+        ShowControl(o, model);
+        if (!wired) o->setEnabled(false);
+        if (o->isChecked() != model.value) o->setChecked(model.value);
+    });
+    return o;
+}
+
+std::vector<QRadioButton*> ViewKit::options(QWidget* parent, const QString& name,
+                                            std::span<OptionButton> models,
+                                            const QStringList& fallbacks,
+                                            std::function<void(Core&, int)> onClick) {
+    std::vector<QRadioButton*> widgets;
+    for (size_t i = 0; i < models.size(); ++i) {
+        Handler handler;
+        if (onClick) {
+            handler = [models, i, onClick](Core& c) {
+                for (size_t k = 0; k < models.size(); ++k) models[k].value = k == i;
+                onClick(c, static_cast<int>(i));
+            };
+        }
+        const QString fallback = static_cast<qsizetype>(i) < fallbacks.size()
+                                     ? fallbacks[static_cast<qsizetype>(i)]
+                                     : QString();
+        widgets.push_back(option(parent, QString("%1_%2").arg(name).arg(i), models[i], fallback,
+                                 std::move(handler)));
+    }
+    return widgets;
+}
+
+QCheckBox* ViewKit::check(QWidget* parent, const QString& name, CheckBox& model, Handler onClick) {
+    auto* box = new QCheckBox(model.caption, parent);
+    box->setObjectName(name);
+    const bool wired = static_cast<bool>(onClick);
+    if (wired) {
+        QObject::connect(box, &QCheckBox::clicked, box, [this, &model, onClick](bool checked) {
+            if (rendering_) return;
+            model.value = checked ? 1 : 0;
+            handle(onClick);
+        });
+    }
+    onRender([box, &model, wired] {
+        ShowCaption(box, model.caption, model.toolTip);
+        ShowControl(box, model);
+        if (!wired) box->setEnabled(false);
+        ShowColour(box, model.backColour);
+        if (box->isChecked() != (model.value == 1)) box->setChecked(model.value == 1);
+    });
+    return box;
+}
+
+QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model) {
+    auto* e = new QLineEdit(model.text, parent);
+    e->setObjectName(name);
+    QObject::connect(e, &QLineEdit::textEdited, e,
+                     [&model](const QString& text) { model.text = text; });
+    onRender([e, &model] {
+        ShowText(e, model.text);
+        ShowControl(e, model);
+        SetAccessibleValue(e, model.toolTip);
+    });
+    return e;
+}
+
+QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick) {
+    auto* box = new QComboBox(parent);
+    box->setObjectName(name);
+    QObject::connect(box, &QComboBox::activated, box, [this, &model, onClick](int index) {
+        if (rendering_) return;
+        model.listIndex = index;
+        if (onClick) handle(onClick);
+    });
+    auto shown = std::make_shared<QStringList>();
+    onRender([box, &model, shown] {
+        if (*shown != model.list) {
+            *shown = model.list;
+            box->clear();
+            box->addItems(model.list);
+        }
+        if (box->currentIndex() != model.listIndex) box->setCurrentIndex(model.listIndex);
+        ShowControl(box, model);
+        SetAccessibleValue(box, model.toolTip);
+    });
+    return box;
+}
+
+QSlider* ViewKit::slider(QWidget* parent, const QString& name, Slider& model, Handler onChange) {
+    auto* s = new QSlider(Qt::Horizontal, parent);
+    s->setObjectName(name);
+    s->setRange(model.min, model.max);
+    const bool wired = static_cast<bool>(onChange);
+    if (wired) {
+        QObject::connect(s, &QSlider::valueChanged, s, [this, &model, onChange](int value) {
+            if (rendering_) return;
+            model.value = value;
+            handle(onChange);
+        });
+    }
+    onRender([s, &model, wired] {
+        if (s->minimum() != model.min || s->maximum() != model.max)
+            s->setRange(model.min, model.max);
+        if (s->value() != model.value) s->setValue(model.value);
+        ShowControl(s, model);
+        SetAccessibleValue(s, model.toolTip);
+        if (!wired) s->setEnabled(false);
+    });
+    return s;
+}
+
+QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressBar& model) {
+    auto* b = new QProgressBar(parent);
+    b->setObjectName(name);
+    b->setTextVisible(false);
+    onRender([b, &model] {
+        if (b->minimum() != model.min || b->maximum() != model.max)
+            b->setRange(model.min, model.max);
+        if (b->value() != model.value) b->setValue(model.value);
+        ShowControl(b, model);
+        SetAccessibleValue(b, model.toolTip);
+    });
+    return b;
+}
+
+QGroupBox* ViewKit::frame(QWidget* parent, const QString& name, const Frame& model) {
+    auto* box = new QGroupBox(model.caption, parent);
+    box->setObjectName(name);
+    onRender([box, &model] {
+        ShowControl(box, model);
+        if (box->title() != model.caption) box->setTitle(model.caption);
+    });
+    return box;
+}
+
+}  // namespace veldor

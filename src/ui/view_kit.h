@@ -1,0 +1,103 @@
+// The binding of widgets to the controls of a form struct. Every window builds its widgets
+// through a ViewKit: each widget takes the control's name as its object name, shows the
+// control's caption, colour, tool tip, enabled and visible state at every render, and forwards
+// its event to the control's handler. A widget without a handler stays disabled: its function
+// is not there, and it does not pretend.
+#pragma once
+
+#include "link/core.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <span>
+#include <vector>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QSlider;
+class QWidget;
+
+namespace veldor {
+
+using Handler = std::function<void(Core&)>;
+
+class ViewKit;
+
+// All windows' kits: a handler's effect shows in every window at once.
+class Views {
+  public:
+    void renderAll();
+
+  private:
+    friend class ViewKit;
+    std::vector<ViewKit*> kits_;
+};
+
+class ViewKit {
+  public:
+    ViewKit(Core& core, Views& views);
+    ~ViewKit();
+    ViewKit(const ViewKit&) = delete;
+    ViewKit& operator=(const ViewKit&) = delete;
+
+    Core& core() { return c_; }
+    // Runs a handler, then shows its effect in every window.
+    void handle(const Handler& handler);
+    // Shows the state the core has reached in this kit's widgets.
+    void render();
+    // True while render() sets widgets, whose signals are then not the operator's.
+    bool rendering() const { return rendering_; }
+    // A renderer of the window's own, run at every render.
+    void onRender(std::function<void()> renderer);
+
+    // keyTip, when given, follows the tool tip to tell the button's key.
+    QPushButton* button(QWidget* parent, const QString& name, const CommandButton& model,
+                        Handler onClick, const QString& fallback = {}, const QString& keyTip = {});
+    // A label the operator clicks, drawn as a button.
+    QPushButton* labelButton(QWidget* parent, const QString& name, const Label& model,
+                             Handler onClick, const QString& fallback = {},
+                             const QString& fallbackTip = {});
+    // A framed label whose back colour is a light.
+    QLabel* light(QWidget* parent, const QString& name, const Label& model);
+    QLabel* label(QWidget* parent, const QString& name, const Label& model);
+    QRadioButton* option(QWidget* parent, const QString& name, OptionButton& model,
+                         const QString& fallback, Handler onClick);
+    // The members of an option array: a click selects its member and clears the others, as
+    // option buttons do, then runs the handler with the member's index.
+    std::vector<QRadioButton*> options(QWidget* parent, const QString& name,
+                                       std::span<OptionButton> models, const QStringList& fallbacks,
+                                       std::function<void(Core&, int)> onClick);
+    QCheckBox* check(QWidget* parent, const QString& name, CheckBox& model, Handler onClick);
+    // An entry box; its text goes back to the control as the operator types.
+    QLineEdit* textBox(QWidget* parent, const QString& name, TextBox& model);
+    // A list; the operator's choice goes to listIndex, then to the handler.
+    QComboBox* combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick);
+    QSlider* slider(QWidget* parent, const QString& name, Slider& model, Handler onChange);
+    QProgressBar* bar(QWidget* parent, const QString& name, const ProgressBar& model);
+    QGroupBox* frame(QWidget* parent, const QString& name, const Frame& model);
+
+  private:
+    Core& c_;
+    Views& views_;
+    std::vector<std::function<void()>> renderers_;
+    bool rendering_ = false;
+};
+
+// The system's colour word as a style sheet; the button face is the style's own.
+QString StyleFor(Colour colour);
+// A caption without its access-key ampersands, as a screen reader says it.
+QString PlainCaption(const QString& caption);
+// Sets what a screen reader says of a widget: its name and its description.
+void SetAccessible(QWidget* widget, const QString& caption, const QString& toolTip);
+// The same for a box that shows a value (an entry, a list, a bar, a slider).
+void SetAccessibleValue(QWidget* widget, const QString& toolTip);
+
+}  // namespace veldor
