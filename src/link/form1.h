@@ -9,7 +9,9 @@
 #include "link/form1/menus.h"
 #include "link/form1/model_frames.h"
 #include "link/form1/modes.h"
+#include "link/form1/notes.h"
 #include "link/form1/scan.h"
+#include "link/form1/spectrum.h"
 #include "link/form1/tuning.h"
 #include "link/form1/windows.h"
 
@@ -23,7 +25,9 @@ struct Form1 : ConnectionGroup,
                RepeaterGroup,
                TransmitGroup,
                MemoriesGroup,
+               NotesGroup,
                ScanGroup,
+               SpectrumGroup,
                WindowsGroup,
                ModelFrames,
                MenuItems {

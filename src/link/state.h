@@ -4,12 +4,15 @@
 // State gathers them all, so that every value is read as c.s.Name.
 #pragma once
 
-#include "link/state/accessories.h"
 #include "link/state/convert.h"
 #include "link/state/grid.h"
 #include "link/state/memories.h"
+#include "link/state/notes.h"
+#include "link/state/panels.h"
+#include "link/state/recorder.h"
 #include "link/state/scan.h"
 #include "link/state/shell.h"
+#include "link/state/timed_events.h"
 #include "link/state/tuning.h"
 
 #include <QByteArray>
@@ -22,10 +25,13 @@ namespace veldor {
 
 struct State : TuningState,
                MemoriesState,
+               NotesState,
                ScanState,
                GridState,
                ConvertState,
-               AccessoriesState,
+               TimedEventsState,
+               RecorderState,
+               PanelsState,
                ShellState {
     // Store and files.
     QString AppName = "VELDOR";

@@ -6,7 +6,7 @@
 #include "ui/messages_window.h"
 
 #include <QCloseEvent>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 namespace veldor {
@@ -19,22 +19,29 @@ MainWindow::MainWindow(Core& core, Views& views)
     : c_(core), kit_(core, views), messages_(new MessagesWindow(core)) {
     setObjectName("Form1");
     auto* central = new QWidget(this);
-    auto* column = new QVBoxLayout(central);
-    column->addWidget(BuildConnectionGroup(kit_, central));
+    auto* page = new QVBoxLayout(central);
+    page->addWidget(BuildConnectionGroup(kit_, central));
 
-    // The operating area: frequency and modes on the left, transmit and repeater beside them.
-    auto* operating = new QGridLayout();
-    operating->setColumnStretch(0, 1);
-    operating->addWidget(BuildFrequencyGroup(kit_, central), 0, 0);
-    operating->addWidget(BuildTransmitGroup(kit_, central), 0, 1);
-    operating->addWidget(BuildModesGroup(kit_, central), 1, 0);
-    operating->addWidget(BuildRepeaterGroup(kit_, central), 1, 1);
-    column->addLayout(operating);
+    // Two columns: the rig and how it is tuned on the left; transmit, repeater, the memories,
+    // notes and scanning on the right.
+    auto* columns = new QHBoxLayout();
+    auto* left = new QVBoxLayout();
+    left->addWidget(BuildFrequencyGroup(kit_, central));
+    left->addWidget(BuildModesGroup(kit_, central));
+    left->addWidget(BuildMeterGroup(kit_, central));
+    left->addStretch();
+    auto* right = new QVBoxLayout();
+    right->addWidget(BuildTransmitGroup(kit_, central));
+    right->addWidget(BuildRepeaterGroup(kit_, central));
+    right->addStretch();
+    columns->addLayout(left, 3);
+    columns->addLayout(right, 2);
+    page->addLayout(columns);
 
-    column->addWidget(BuildMeterGroup(kit_, central));
-    column->addWidget(BuildModelFrames(kit_, central));
-    column->addWidget(BuildDelaysGroup(kit_, central));
-    column->addStretch();
+    page->addWidget(BuildWindowsGroup(kit_, central));
+    page->addWidget(BuildModelFrames(kit_, central));
+    page->addWidget(BuildDelaysGroup(kit_, central));
+    page->addStretch();
     setCentralWidget(central);
     BuildMenus(kit_, this);
 

@@ -1,5 +1,5 @@
-// Quick memories on the main window: the bank buttons, the twelve memories of the bank on show,
-// the memory tag, and the ring of frequency notes.
+// Quick memories on the main window: the bank buttons, the twelve memories of the bank on show
+// and the memory tag.
 #pragma once
 
 #include "link/controls.h"

@@ -1,4 +1,4 @@
-// The scan controls and the spectrum display of the main window.
+// The scan controls of the main window.
 #pragma once
 
 #include "link/controls.h"

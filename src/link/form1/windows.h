@@ -6,7 +6,11 @@
 namespace veldor {
 
 struct WindowsGroup {
-    CommandButton cmdMeters{{true, false, " Show the meters panel "}, "Meters"};
+    CommandButton cmdCsvMem{{true, true, " Show the memory grid "}, "Mem Grid"};
+    CommandButton cmdRecord{{true, true, " Show the recording window "}, "Record"};
+    CommandButton cmdMeters{{true, false, " Show meters window "}, "Meters"};
+    CommandButton cmdTimed{{true, true, "Run Timed frequency switching and tasks"}, "Timed"};
+    ComboBox cboTimedEvents{{false, true, "User-defined timed events"}, {}, -1};
 };
 
 }  // namespace veldor

@@ -31,7 +31,6 @@ QWidget* BuildFrequencyGroup(ViewKit& kit, QWidget* parent) {
     row->addWidget(kit.button(box, "cmdVFOtoggle", f.cmdVFOtoggle, cmdVFOtoggle_Click));
     row->addWidget(kit.button(box, "cmdVFOSEqual", f.cmdVFOSEqual, cmdVFOSEqual_Click));
     row->addWidget(kit.button(box, "cmdVFOBOff", f.cmdVFOBOff, cmdVFOBOff_Click));
-    row->addWidget(kit.button(box, "cmdMeters", f.cmdMeters, {}));
     return box;
 }
 

@@ -21,6 +21,8 @@ QWidget* BuildTransmitGroup(ViewKit& kit, QWidget* parent);
 QWidget* BuildRepeaterGroup(ViewKit& kit, QWidget* parent);
 // The frames of each rig model's own controls.
 QWidget* BuildModelFrames(ViewKit& kit, QWidget* parent);
+// The buttons that open the other windows, and the timed events.
+QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent);
 // The delay sliders, and the scan buttons beside them.
 QWidget* BuildDelaysGroup(ViewKit& kit, QWidget* parent);
 

@@ -1,4 +1,5 @@
 #include "ui/main/menus.h"
+
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
 #include "protocol/model_controls.h"
@@ -13,36 +14,89 @@ namespace veldor {
 
 namespace {
 
+// An item of the menu tree: its control name, its model, its key and its handler. An item
+// with no handler stands disabled.
+struct Entry {
+    QString name;
+    MenuItem* item;
+    Handler handler;
+    QKeySequence key = {};
+    bool checkable = false;
+};
+
 // A menu item bound to a MenuItem of the main window: its caption, tick, enabled and visible
 // state follow the item at every render.
-QAction* Item(ViewKit& kit, QMenu* menu, const QString& name, MenuItem& item, Handler handler,
-              bool checkable) {
-    QAction* a = menu->addAction(item.caption);
-    a->setObjectName(name);
-    a->setCheckable(checkable);
-    QObject::connect(a, &QAction::triggered, a, [&kit, handler] { kit.handle(handler); });
-    kit.onRender([a, &item] {
+QAction* Item(ViewKit& kit, QMenu* menu, const Entry& e) {
+    QAction* a = menu->addAction(e.item->caption);
+    a->setObjectName(e.name);
+    a->setCheckable(e.checkable);
+    if (!e.key.isEmpty()) a->setShortcut(e.key);
+    const bool wired = static_cast<bool>(e.handler);
+    if (wired) {
+        QObject::connect(a, &QAction::triggered, a,
+                         [&kit, handler = e.handler] { kit.handle(handler); });
+    }
+    MenuItem& item = *e.item;
+    kit.onRender([a, &item, wired] {
         if (a->text() != item.caption) a->setText(item.caption);
         if (a->isChecked() != item.checked) a->setChecked(item.checked);
-        if (a->isEnabled() != item.enabled) a->setEnabled(item.enabled);
+        const bool enabled = wired && item.enabled;
+        if (a->isEnabled() != enabled) a->setEnabled(enabled);
         if (a->isVisible() != item.visible) a->setVisible(item.visible);
     });
     return a;
+}
+
+void Items(ViewKit& kit, QMenu* menu, std::initializer_list<Entry> entries) {
+    for (const Entry& e : entries) Item(kit, menu, e);
+}
+
+QMenu* Menu(QMenuBar* bar, const char* name, const char* caption) {
+    QMenu* menu = bar->addMenu(caption);
+    menu->setObjectName(name);
+    return menu;
+}
+
+QMenu* Submenu(QMenu* parent, const char* name, const char* caption) {
+    QMenu* menu = parent->addMenu(caption);
+    menu->setObjectName(name);
+    return menu;
+}
+
+// Shift+F1 .. Shift+F12 and Ctrl+F1 .. Ctrl+F12 work the twelve memories, but M10 has no key:
+// F10 is left to the window system.
+QKeySequence MemoryKey(Qt::KeyboardModifier modifier, int memory) {
+    if (memory == 10) return {};
+    return QKeySequence(modifier | static_cast<Qt::Key>(Qt::Key_F1 + memory - 1));
 }
 
 }  // namespace
 
 void BuildMenus(ViewKit& kit, QMainWindow* window) {
     Form1& f = kit.core().f;
-    QMenu* file = window->menuBar()->addMenu("&File");
-    QAction* exit = file->addAction("E&xit");
+    QMenuBar* bar = window->menuBar();
+
+    QMenu* file = Menu(bar, "mnuFile", "&File");
+    QAction* exit = file->addAction(f.mnuExit.caption);
     exit->setObjectName("mnuExit");
     QObject::connect(exit, &QAction::triggered, window, [window] { window->close(); });
 
-    QMenu* options = window->menuBar()->addMenu("&Options");
-    QAction* settings = options->addAction("&Settings...");
-    settings->setObjectName("mnuSettings");
-    QObject::connect(settings, &QAction::triggered, window, [&kit] { kit.handle(Form_DblClick); });
+    Items(kit, Menu(bar, "mnuView", "&View"),
+          {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
+    Items(kit, Menu(bar, "mnuEdit", "&Edit"), {{"mnuAddToGrid", &f.mnuAddToGrid, {}, Qt::Key_F4}});
+    Items(kit, Menu(bar, "mnuTools", "&Tools"),
+          {{"mnuConvert", &f.mnuConvert, {}},
+           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});
+
+    QMenu* options = Menu(bar, "mnuOptionsMenu", "&Options");
+    Items(kit, options,
+          {{"mnuSettings", &f.mnuSettings, Form_DblClick},
+           {"mnuFT817AGCmonitor", &f.mnuFT817AGCmonitor, mnuFT817AGCmonitor_Click, {}, true},
+           {"mnuRaiseDTR", &f.mnuRaiseDTR, mnuRaiseDTR_Click, {}, true},
+           {"mnuRaiseRTS", &f.mnuRaiseRTS, mnuRaiseRTS_Click, {}, true},
+           {"mnuLinkRTS", &f.mnuLinkRTS, mnuLinkRTS_Click, {}, true},
+           {"mnuTXRXcontrolsRTS", &f.mnuTXRXcontrolsRTS, mnuTXRXcontrolsRTS_Click, {}, true}});
+    // Rig sharing: other programs reach the rig through Hamlib's network protocol.
     QAction* sharing = options->addAction("Rig shari&ng...");
     sharing->setObjectName("mnuRigSharing");
     QObject::connect(sharing, &QAction::triggered, window, [&kit, window] {
@@ -50,16 +104,10 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
         dialog.exec();
         kit.handle([](Core&) {});
     });
-    Item(kit, options, "mnuFT817AGCmonitor", f.mnuFT817AGCmonitor, mnuFT817AGCmonitor_Click, true);
-    Item(kit, options, "mnuRaiseDTR", f.mnuRaiseDTR, mnuRaiseDTR_Click, true);
-    Item(kit, options, "mnuRaiseRTS", f.mnuRaiseRTS, mnuRaiseRTS_Click, true);
-    Item(kit, options, "mnuLinkRTS", f.mnuLinkRTS, mnuLinkRTS_Click, true);
-    Item(kit, options, "mnuTXRXcontrolsRTS", f.mnuTXRXcontrolsRTS, mnuTXRXcontrolsRTS_Click, true);
-    options->addSeparator();
+    options->addSeparator()->setObjectName("mnuOptionsLine1");
 
     // Polling: how often a full reading is made.
-    QMenu* polling = options->addMenu("&Polling");
-    polling->setObjectName("mnuPollingTitle");
+    QMenu* polling = Submenu(options, "mnuPollingTitle", "&Polling");
     const struct {
         const char* name;
         MenuItem* item;
@@ -70,25 +118,63 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
                  {"mnuPolling5", &f.mnuPolling5, 5000},   {"mnuPolling10", &f.mnuPolling10, 10000}};
     for (const auto& rate : rates) {
         const int32_t delay = rate.delay;
-        Item(
-            kit, polling, rate.name, *rate.item, [delay](Core& c) { SetPollingDelay(c, delay); },
-            true);
+        Item(kit, polling,
+             {rate.name, rate.item, [delay](Core& c) { SetPollingDelay(c, delay); }, {}, true});
     }
     polling->addSeparator();
-    QAction* now = polling->addAction("Update now");
-    now->setObjectName("mnuPollingUpdateNow");
-    now->setShortcut(Qt::Key_F3);
-    QObject::connect(now, &QAction::triggered, now,
-                     [&kit] { kit.handle(mnuPollingUpdateNow_Click); });
+    Item(kit, polling,
+         {"mnuPollingUpdateNow", &f.mnuPollingUpdateNow, mnuPollingUpdateNow_Click, Qt::Key_F3});
+
+    Items(kit, Submenu(options, "mnuHangDelay", "&Hang delay"),
+          {{"mnuHangDelay2", &f.mnuHangDelay2, {}, {}, true},
+           {"mnuHangDelay4", &f.mnuHangDelay4, {}, {}, true},
+           {"mnuHangDelay8", &f.mnuHangDelay8, {}, {}, true},
+           {"mnuHangDelay16", &f.mnuHangDelay16, {}, {}, true},
+           {"mnuHangDelayPerm", &f.mnuHangDelayPerm, {}, {}, true},
+           {"mnuHangDelayOnSignalLoss", &f.mnuHangDelayOnSignalLoss, {}, {}, true}});
 
     // Talk speed: how often the poll tick runs.
-    QMenu* talk = options->addMenu("&Talk speed");
-    talk->setObjectName("mnuTalkSpeed");
+    QMenu* talk = Submenu(options, "mnuTalkSpeed", "&Talk speed");
     for (int i = 0; i < 5; ++i) {
-        Item(
-            kit, talk, QString("mnuTalk%1").arg(i + 1), f.mnuTalk[i],
-            [i](Core& c) { mnuTalk_Click(c, i + 1); }, true);
+        Item(kit, talk,
+             {QString("mnuTalk%1").arg(i + 1),
+              &f.mnuTalk[i],
+              [i](Core& c) { mnuTalk_Click(c, i + 1); },
+              {},
+              true});
     }
+    QMenu* scanSpeed = Submenu(options, "mnuScanSpeed", "S&can speed");
+    for (int i = 0; i < 5; ++i)
+        Item(kit, scanSpeed,
+             {QString("mnuScanSpeed%1").arg(i + 1), &f.mnuScanSpeed[i], {}, {}, true});
+    Items(kit, options, {{"mnuUseSquelch", &f.mnuUseSquelch, {}, {}, true}});
+    options->addSeparator()->setObjectName("mnuOptionsLine2");
+    Items(kit, options,
+          {{"mnuXvtr", &f.mnuXvtr, {}, Qt::Key_F5, true},
+           {"mnuMemoryTag", &f.mnuMemoryTag, {}, Qt::Key_F6, true},
+           {"mnuShowLargeGoTo", &f.mnuShowLargeGoTo, {}, Qt::Key_F7, true}});
+
+    QMenu* clickSet = Menu(bar, "mnuClickSet", "ClickSet");
+    QMenu* set = Submenu(clickSet, "mnuSet", "Set");
+    QMenu* goTo = Submenu(clickSet, "mnuGoTo", "GoTo");
+    for (int m = 1; m <= 12; ++m) {
+        Item(kit, set,
+             {QString("mnuSetM%1").arg(m), &f.mnuSetM[m - 1], {}, MemoryKey(Qt::ShiftModifier, m)});
+        Item(kit, goTo,
+             {QString("mnuGoToM%1").arg(m),
+              &f.mnuGoToM[m - 1],
+              {},
+              MemoryKey(Qt::ControlModifier, m)});
+    }
+
+    Items(kit, Menu(bar, "mnuScan", "Scan"),
+          {{"mnuStart", &f.mnuStart, {}, QKeySequence(Qt::CTRL | Qt::Key_S)},
+           {"mnuStop", &f.mnuStop, {}, QKeySequence(Qt::CTRL | Qt::Key_T)},
+           {"mnuHold", &f.mnuHold, {}, QKeySequence(Qt::CTRL | Qt::Key_H)},
+           {"mnuResume", &f.mnuResume, {}, QKeySequence(Qt::CTRL | Qt::Key_R)}});
+
+    Items(kit, Menu(bar, "mnuHelpTitle", "Help"),
+          {{"mnuHelp", &f.mnuHelp, {}, Qt::Key_F1}, {"mnuAbout", &f.mnuAbout, {}}});
 }
 
 }  // namespace veldor

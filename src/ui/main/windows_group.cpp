@@ -1,0 +1,27 @@
+#include "ui/main/groups.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace veldor {
+
+QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent) {
+    Form1& f = kit.core().f;
+    auto* box = new QGroupBox("Windows", parent);
+    auto* row = new QHBoxLayout(box);
+    row->addWidget(kit.button(box, "cmdCsvMem", f.cmdCsvMem, {}));
+    row->addWidget(kit.button(box, "cmdRecord", f.cmdRecord, {}));
+    row->addWidget(kit.button(box, "cmdMeters", f.cmdMeters, {}));
+    row->addSpacing(12);
+    row->addWidget(kit.button(box, "cmdTimed", f.cmdTimed, {}));
+    QComboBox* timed = kit.combo(box, "cboTimedEvents", f.cboTimedEvents, {});
+    timed->setPlaceholderText("Timed events");
+    timed->setMinimumContentsLength(16);
+    timed->setAccessibleName("Timed events");
+    row->addWidget(timed, 1);
+    return box;
+}
+
+}  // namespace veldor
