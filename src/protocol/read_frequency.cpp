@@ -333,4 +333,13 @@ int32_t ParseFrequency(Core& c, const QString& input, bool quiet) {
     return basic::CLng(value);
 }
 
+QString DefaultRepeaterOffset(const Core& c, int32_t frequency) {
+    const State& s = c.s;
+    if (frequency >= 42000000) return s.ShiftText500;  // 70 cm: 5 MHz
+    if (frequency >= 13700000) return s.ShiftText060;  // 2 m: 600 kHz
+    if (frequency >= 7600000) return s.ShiftText000;   // no repeaters
+    if (frequency >= 3300000) return s.ShiftText100;   // 6 m and 4 m: 1 MHz
+    return s.ShiftText010;                             // 10 m: 100 kHz
+}
+
 }  // namespace veldor

@@ -13,5 +13,8 @@ QString FormatFrequencyShort(Core& c, int32_t frequency);
 // A typed frequency: MHz with the system's decimal mark ("14.25"), kHz without ("14250").
 // -1 for a text that is no frequency, after a box unless quiet.
 int32_t ParseFrequency(Core& c, const QString& text, bool quiet = false);
+// The usual repeater offset of the frequency's band, as MHz text with the system's decimal mark
+// (".60000" on 2 m).
+QString DefaultRepeaterOffset(const Core& c, int32_t frequency);
 
 }  // namespace veldor
