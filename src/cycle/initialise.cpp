@@ -3,6 +3,10 @@
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "shell/customise.h"
+#include "tuning/bands.h"
+#include "tuning/delays.h"
+#include "tuning/steps.h"
+#include "tuning/transverter.h"
 
 namespace veldor {
 
@@ -67,21 +71,6 @@ void ShowRtsTicks(Core& c) {
     c.f.mnuRaiseDTR.checked = c.s.RaiseDTR == "Y";
 }
 
-void LoadDelaySliders(Core& c, const QString& extraDefault) {
-    const RigInfo* rig = FindRig(c.s.RigType);
-    if (!rig) return;
-    const QString prefix = QString::fromUtf16(rig->delayPrefix.data(),
-                                              static_cast<qsizetype>(rig->delayPrefix.size()));
-    const DelayDefaults defaults = DelayDefaultsFor(c.s.RigType);
-    auto load = [&](Slider& slider, const QString& key, const QString& def) {
-        const int value = NumberSetting(c, prefix + key, def);
-        slider.value = std::clamp(value, slider.min, slider.max);
-    };
-    load(c.f.sldCMDdelay, "CMDdelay", defaults.cmd);
-    load(c.f.sldSmeterDelay, "SmeterDelay", defaults.smeter);
-    load(c.f.sldExtra, "ExtraDelay", extraDefault);
-}
-
 void InitialiseVariables(Core& c) {
     State& s = c.s;
     // 1. Band edges of the VHF and UHF band buttons.
@@ -119,10 +108,7 @@ void InitialiseVariables(Core& c) {
     s.AutoMemoryGrid = BoolSetting(c, "AutoMemoryGrid", false);
     s.AutoStart = TextSetting(c, "AutoStart", "No");
     // 9. Transverter.
-    s.XvtrBaseFreq = TextSetting(c, "XvtrBaseFreq", "0");
-    s.XvtrOffsetIndex = NumberSetting(c, "XvtrOffsetIndex", "0") == 1 ? 1 : 0;
-    c.f.optXvtr[0].value = s.XvtrOffsetIndex == 0;
-    c.f.optXvtr[1].value = s.XvtrOffsetIndex == 1;
+    LoadTransverter(c);
     // 10. Talk speed.
     s.TalkFreq = std::clamp(NumberSetting(c, "TalkFreq", "4"), 1, 5);
     ShowTalkSpeedTicks(c);
@@ -183,9 +169,14 @@ void InitialiseVariables(Core& c) {
     s.MouseWFM = NumberSetting(c, "MouseWFM", "5000");
     // 18. Timed events join with their window.
     CustomiseForms(c);
-    // 21. Bands, banks and scan ranges, 22. the band and step lists join with their windows.
+    // 20. Screen size.
     s.ScreenSize = TextSetting(c, "ScreenSize", "Small");
     s.RescaleFonts = TextSetting(c, "RescaleFonts", "Yes");
+    // 21. The band table; the quick memory banks and then the scan ranges load next.
+    LoadBands(c);
+    // 22. The band captions and the tuning steps.
+    ShowBandCaptions(c);
+    FillTuningSteps(c);
 }
 
 }  // namespace veldor

@@ -5,6 +5,7 @@
 #include "link/serial_link.h"
 #include "protocol/read_frequency.h"
 #include "protocol/read_signal.h"
+#include "tuning/steps.h"
 
 namespace veldor {
 
@@ -82,7 +83,9 @@ void ReadModelExtras(Core& c) {
 
 void PerformStatusUpdate(Core& c) {
     State& s = c.s;
-    // The megahertz step and the tone lights join here with the tuning controls and tones.
+    // Not held back by the polling rate.
+    ApplyMhzStep(c);
+    // The tone lights join here with the tones.
     if (!s.ForceUpdate && s.PollingDelay == 99) return;
     s.ForceUpdate = false;
     // The next reading is due PollingDelay after the end of the last one.

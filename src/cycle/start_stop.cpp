@@ -5,6 +5,7 @@
 #include "link/serial_link.h"
 #include "protocol/read_frequency.h"
 #include "shell/customise.h"
+#include "tuning/go_to.h"
 
 namespace veldor {
 
@@ -61,11 +62,7 @@ void Form_Load(Core& c, const QString& commandLine) {
 
     if (s.AutoStart == "Yes" && s.RigType != RigNotSet) SetChkOnOff(c, 1);
 
-    s.LargeGoTo = basic::Val(GetSetting(c, s.AppName, "Settings", "LargeGoTo", "0")) != 0 ||
-                  GetSetting(c, s.AppName, "Settings", "LargeGoTo", "False")
-                          .compare("True", Qt::CaseInsensitive) == 0;
-    c.f.mnuShowLargeGoTo.checked = s.LargeGoTo;
-    c.f.txtShowLargeGoTo.visible = s.LargeGoTo;
+    LoadLargeGoTo(c);
 
     if (s.HomeDir.isEmpty()) ChooseHomeDir(c);
 }
@@ -110,8 +107,7 @@ void chkOnOff_Click(Core& c) {
         f.cmdStartStopScan.enabled = true;
         f.chkTransmitEnable.enabled = true;
         ReadFrequencyAndMode(c);
-        // The VR-5000, which cannot be read, gets its stored frequency here with the GoTo
-        // box.
+        if (s.RigType == RigVR5000) GoToVr5000LastFreqMode(c);
         EnableConnectionControls(c, true);
     } else {
         ReleaseControl(c);

@@ -27,13 +27,6 @@ void ShowTalkSpeedTicks(Core& c);
 void ShowPollingTicks(Core& c);
 void ShowRtsTicks(Core& c);
 
-// The delay sliders and their keys.
-void LoadDelaySliders(Core& c, const QString& extraDefault);
-void sldCMDdelay_Change(Core& c);
-void sldSmeterDelay_Change(Core& c);
-void sldExtra_Change(Core& c);
-void chkSliders_Click(Core& c);
-
 // The second timer: UTC clock and the ten-minute counter.
 void tmrClock_Timer(Core& c);
 void cmdTenMinCounter_Click(Core& c);

@@ -13,6 +13,7 @@
 #include "protocol/tones.h"
 #include "protocol/transmit.h"
 #include "protocol/write_frequency.h"
+#include "tuning/go_to.h"
 
 namespace veldor {
 
@@ -22,34 +23,7 @@ QString TwoDigits(int value) {
     return basic::Format(value, "00");
 }
 
-void SaveDelayKey(Core& c, const QString& suffix, int value) {
-    const RigInfo* rig = FindRig(c.s.RigType);
-    if (!rig) return;
-    const QString prefix = QString::fromUtf16(rig->delayPrefix.data(),
-                                              static_cast<qsizetype>(rig->delayPrefix.size()));
-    SaveSetting(c, c.s.AppName, "Settings", prefix + suffix, QString::number(value));
-}
-
 }  // namespace
-
-void sldCMDdelay_Change(Core& c) {
-    SaveDelayKey(c, "CMDdelay", c.f.sldCMDdelay.value);
-}
-void sldSmeterDelay_Change(Core& c) {
-    SaveDelayKey(c, "SmeterDelay", c.f.sldSmeterDelay.value);
-}
-void sldExtra_Change(Core& c) {
-    SaveDelayKey(c, "ExtraDelay", c.f.sldExtra.value);
-}
-
-void chkSliders_Click(Core& c) {
-    const bool show = c.f.chkSliders.value == 1;
-    for (Control* control :
-         {static_cast<Control*>(&c.f.sldCMDdelay), static_cast<Control*>(&c.f.sldSmeterDelay),
-          static_cast<Control*>(&c.f.sldExtra), static_cast<Control*>(&c.f.lblCmdDelay),
-          static_cast<Control*>(&c.f.lblAGCdelay), static_cast<Control*>(&c.f.lblExtra)})
-        control->visible = show;
-}
 
 void tmrClock_Timer(Core& c) {
     const QTime utc = c.p.clock->utcNow().time();
@@ -88,6 +62,7 @@ struct PendingAction {
     void (*action)(Core&);
 };
 constexpr PendingAction kPendingActions[] = {
+    {&State::GoToPending, ApplyGoTo},
     {&State::PendingFT920Tuner, ToggleFt920Tuner},
     {&State::PendingFT920StartTune, StartFt920Tune},
     {&State::PttOffPending, PttOff},
@@ -152,7 +127,7 @@ bool PollTick(Core& c) {
         if (s.FrequencyChangePending) ChangeFrequency(c);
         if (c.p.rigServer) c.p.rigServer->requestsServed();
         // The scan and the sweep join here with their steps.
-        if (!s.ScanRunning && !s.SpectrumRunning) PerformStatusUpdate(c);
+        if (!s.ScanRunning && !s.SpectrumRunning && !s.StatusUpdateHeld) PerformStatusUpdate(c);
     }
     if (s.SettingsRequested) Form_DblClick(c);
     // Recovery from a lost binary reply: reopen the port and take the rig anew.

@@ -50,7 +50,14 @@ struct Core {
     FrmSettings frmSettings;
     FrmAbout frmAbout;
     Platform p;
+    // The control that is to take the keyboard focus, as a box at fault goes back to the
+    // operator; the view gives it the focus at its next showing and clears this.
+    const Control* focusRequest = nullptr;
 };
+
+inline void SetFocus(Core& c, const Control& control) {
+    c.focusRequest = &control;
+}
 
 // Store operations, addressed as the system addresses them.
 QString GetSetting(Core& c, const QString& appName, const QString& section, const QString& key,

@@ -43,7 +43,6 @@ struct State : TuningState,
     // Rig.
     QString RigType = "Not set";
     int32_t CurrentFrequency = 0;
-    int32_t TuningFrequency = 0;
     QString CurrentMode;
     bool VfoAActive = true;
     QString VfoLetter = "A";
@@ -111,7 +110,6 @@ struct State : TuningState,
     QString ClearIPO = "N";
     QString ScreenSize = "Small";
     QString RescaleFonts = "Yes";
-    bool LargeGoTo = false;
     bool SettingsRequested = false;
 
     // Poll cycle.
@@ -126,11 +124,9 @@ struct State : TuningState,
     bool UseSquelch = true;
     int TenMinuteSeconds = 0;
 
-    // Band edges and transverter, in 10 Hz.
+    // Band edges, in 10 Hz.
     int32_t VHFfreq = 14500000;
     int32_t UHFfreq = 43300000;
-    QString XvtrBaseFreq = "0";
-    int XvtrOffsetIndex = 0;
 
     // Tone and shift defaults of the tune target.
     QString BankSection = "Banks";
@@ -139,7 +135,6 @@ struct State : TuningState,
     QString ToneCode = "0";
     QString ToneEncode = "0";
     QString ToneDecode = "0";
-    int32_t VR5000Step = 20;  // 200 Hz
     QString VR5000LastFreqMode = "145.575f";
 
     // Display.
@@ -154,8 +149,6 @@ struct State : TuningState,
     QString VR5000ModeLetter = "f";
     QString VR5000ModeMain, VR5000ModeSub;
     int32_t VR5000FrequencyMain = 0, VR5000FrequencySub = 0;
-    QString LastStepMode;
-    bool StepOptionsLocked = false;
 
     // Tones and repeater shift.
     QString LastToneState;
@@ -191,12 +184,6 @@ struct State : TuningState,
     // The FT-450 DSP panel's values as the requests send them.
     QString DspNoiseReductionLevel = "01", DspNotchFrequency = "001", DspFilterWidth = "02";
     int DspContourLevelIndex = 3, DspContourFrequencyIndex = 3;
-
-    // Tuning steps and mouse steps per mode group.
-    int StepLSB = 33, StepUSB = 33, StepCW = 33, StepAM = 3, StepAMN = 67, StepWAM = 99,
-        StepFMN = 20, StepWFM = 68;
-    int MouseLSB = 2, MouseUSB = 2, MouseCW = 2, MouseAM = 100, MouseAMN = 500, MouseWAM = 900,
-        MouseFMN = 1250, MouseWFM = 5000;
 
     // Locale characters and the shift texts that depend on them.
     QString DecimalSeparator = ".";

@@ -6,6 +6,7 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "protocol/transverter.h"
 
 namespace veldor {
 
@@ -293,7 +294,7 @@ QString NineDigits(int32_t frequency) {
 
 QString FormatFrequency(Core& c, int32_t frequency) {
     c.s.LastDisplayedFrequency = frequency;
-    // The transverter display joins here with the GoTo box.
+    ShowTransverter(c, frequency);
     const QString d = NineDigits(frequency);
     const QString& mark = c.s.DecimalSeparator;
     return (d.left(d.size() - 5) + mark + d.mid(d.size() - 5, 3) + mark + d.right(2)).trimmed();

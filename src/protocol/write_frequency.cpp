@@ -4,6 +4,7 @@
 #include "link/serial_link.h"
 #include "protocol/read_frequency.h"
 #include "protocol/tones.h"
+#include "protocol/vr5000_steps.h"
 
 namespace veldor {
 
@@ -186,33 +187,6 @@ void SendMode(Core& c, const QString& mode) {
     }
 }
 
-// Step 9 of the write: the frequency command of the rig, its bytes prepared.
-void SendFrequency(Core& c, int32_t frequency) {
-    State& s = c.s;
-    const QString& rig = s.RigType;
-    if (IsAckFamily(rig) || rig == RigFT847) {
-        SendCommand(c, 0x01);
-        if (IsAckFamily(rig)) ReadResponse(c, 1);
-    } else if (rig == RigFT450) {
-        SendText(c, "F" + s.VfoLetter + s.FrequencyDigits + ";");
-    } else if (rig == RigFRG100) {
-        SendCommand(c, 0x0A);
-    } else if (rig == RigFT1000MP || rig == RigFT920) {
-        SendCommand(c, s.VfoAActive ? 0x0A : 0x8A);
-    } else if (rig == RigVR5000) {
-        if (s.VfoAActive) {
-            SendCommand(c, 0x01);
-            s.VR5000FrequencyMain = frequency;
-        } else {
-            SendCommand(c, 0x31);
-            s.VR5000FrequencySub = frequency;
-        }
-        c.f.txtVfoA.text = FormatFrequency(c, frequency);
-        s.DisplayFrequency = c.f.txtVfoA.text;
-        SaveVR5000LastFreqMode(c, c.f.txtVfoA.text);
-    }
-}
-
 void WriteFrequency(Core& c, int32_t& frequency, QString* mode) {
     State& s = c.s;
     const QString& rig = s.RigType;
@@ -247,7 +221,7 @@ void WriteFrequency(Core& c, int32_t& frequency, QString* mode) {
 
     PrepareFrequency(c, frequency);
     if (s.FrequencyOutOfRange) return;
-    SendFrequency(c, frequency);
+    SendFrequencyCommand(c, frequency);
     if (toneOffAfter) ToneOff(c);
     if (lateTone && (s.ToneEncode == "1" || s.ToneDecode == "1")) {
         ToneValues(c, s.ToneCode, s.ToneEncode, s.ToneDecode);
@@ -383,34 +357,33 @@ void ApplyVr5000Button(Core& c, int index) {
     SaveVR5000LastFreqMode(c, c.f.txtVfoA.text);
 }
 
-// The VR-5000 step options: one group per mode family, each option a step code and size.
-struct StepOption {
-    int code;
-    int size;
-};
-constexpr StepOption kStepsLsbUsb[] = {{0x21, 2}, {0x02, 10}, {0x42, 50}, {0x03, 100}, {0x43, 500}};
-constexpr StepOption kStepsAm[] = {{0x03, 100},  {0x43, 500},   {0x63, 900},
-                                   {0x04, 1000}, {0x24, 2000},  {0x34, 2500},
-                                   {0x44, 5000}, {0x05, 10000}, {0x45, 50000}};
-constexpr StepOption kStepsFmn[] = {{0x43, 500},  {0x53, 625},   {0x04, 1000},
-                                    {0x14, 1250}, {0x24, 2000},  {0x34, 2500},
-                                    {0x44, 5000}, {0x05, 10000}, {0x45, 50000}};
-constexpr StepOption kStepsWfm[] = {{0x04, 1000}, {0x44, 5000}, {0x05, 10000}, {0x45, 50000}};
+}  // namespace
 
-template <size_t N, size_t M>
-void MarkStep(Core& c, std::array<OptionButton, N>& options, const StepOption (&table)[M],
-              int State::*code, int State::*size) {
-    static_assert(N == M);
-    for (size_t i = 0; i < M; ++i) {
-        if (table[i].code != c.s.*code) continue;
-        for (size_t j = 0; j < N; ++j) options[j].value = j == i;
-        c.s.VR5000Step = table[i].size;
-        c.s.*size = table[i].size;
-        return;
+void SendFrequencyCommand(Core& c, int32_t frequency, bool rememberVr5000Channel) {
+    State& s = c.s;
+    const QString& rig = s.RigType;
+    if (IsAckFamily(rig) || rig == RigFT847) {
+        SendCommand(c, 0x01);
+        if (IsAckFamily(rig)) ReadResponse(c, 1);
+    } else if (rig == RigFT450) {
+        SendText(c, "F" + s.VfoLetter + s.FrequencyDigits + ";");
+    } else if (rig == RigFRG100) {
+        SendCommand(c, 0x0A);
+    } else if (rig == RigFT1000MP || rig == RigFT920) {
+        SendCommand(c, s.VfoAActive ? 0x0A : 0x8A);
+    } else if (rig == RigVR5000) {
+        if (s.VfoAActive) {
+            SendCommand(c, 0x01);
+            s.VR5000FrequencyMain = frequency;
+        } else {
+            SendCommand(c, 0x31);
+            s.VR5000FrequencySub = frequency;
+        }
+        c.f.txtVfoA.text = FormatFrequency(c, frequency);
+        s.DisplayFrequency = c.f.txtVfoA.text;
+        if (rememberVr5000Channel) SaveVR5000LastFreqMode(c, c.f.txtVfoA.text);
     }
 }
-
-}  // namespace
 
 bool ModeHasCommand(const QString& rig, const QString& mode) {
     if (IsAckFamily(rig) || rig == RigFT847) return FindMode(kBinaryModes, mode) != nullptr;
@@ -476,32 +449,6 @@ void ApplyModeButton(Core& c) {
     }
     if (IsAckFamily(rig)) ReadResponse(c, 1);
     s.LastModeSent = c.f.txtMode.text;
-}
-
-void ShowVR5000Steps(Core& c) {
-    State& s = c.s;
-    Form1& f = c.f;
-    const QString mode = f.txtMode.text;
-    if (mode == s.LastStepMode) return;
-    s.LastStepMode = mode;
-    s.StepOptionsLocked = true;
-    const bool lsb = mode == "LSB" || mode == "USB" || mode == "CW";
-    const bool am = mode == "AM" || mode == "AMN" || mode == "WAM";
-    const bool fmn = mode == "FMN" || mode == "FM";
-    const bool wfm = mode == "WFM";
-    f.frmVR5000LSB.visible = lsb;
-    f.frmVR5000AM.visible = am;
-    f.frmVR5000FMN.visible = fmn;
-    f.frmVR5000WFM.visible = wfm;
-    if (mode == "LSB") MarkStep(c, f.optLSBUSB, kStepsLsbUsb, &State::StepLSB, &State::MouseLSB);
-    if (mode == "USB") MarkStep(c, f.optLSBUSB, kStepsLsbUsb, &State::StepUSB, &State::MouseUSB);
-    if (mode == "CW") MarkStep(c, f.optLSBUSB, kStepsLsbUsb, &State::StepCW, &State::MouseCW);
-    if (mode == "AM") MarkStep(c, f.optAM, kStepsAm, &State::StepAM, &State::MouseAM);
-    if (mode == "AMN") MarkStep(c, f.optAM, kStepsAm, &State::StepAMN, &State::MouseAMN);
-    if (mode == "WAM") MarkStep(c, f.optAM, kStepsAm, &State::StepWAM, &State::MouseWAM);
-    if (fmn) MarkStep(c, f.optFMN, kStepsFmn, &State::StepFMN, &State::MouseFMN);
-    if (wfm) MarkStep(c, f.optWFM, kStepsWfm, &State::StepWFM, &State::MouseWFM);
-    s.StepOptionsLocked = false;
 }
 
 void SaveVR5000LastFreqMode(Core& c, const QString& frequencyText) {

@@ -16,13 +16,13 @@ bool ModeHasCommand(const QString& rig, const QString& mode);
 // VR-5000 frequency may be rounded to its step.
 void SetFrequencyAndMode(Core& c, int32_t& frequency, QString& mode);
 void SetFrequency(Core& c, int32_t& frequency);
+// The rig's frequency command alone, with the bytes PrepareFrequency has made. The VR-5000's
+// channel is stored for the next start unless told otherwise.
+void SendFrequencyCommand(Core& c, int32_t frequency, bool rememberVr5000Channel = true);
 
 // Mode buttons: the click only asks; the poll tick writes through ApplyModeButton.
 void Command2_Click(Core& c, int index);
 void ApplyModeButton(Core& c);
-
-// The VR-5000 step options that belong to the mode shown.
-void ShowVR5000Steps(Core& c);
 
 // "14.250.00" in USB gives "14.250u00": the VR-5000's last frequency and mode, kept in the
 // store so that the receiver comes back where it was.

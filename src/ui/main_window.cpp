@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace veldor {
@@ -26,13 +27,19 @@ MainWindow::MainWindow(Core& core, Views& views)
     // notes and scanning on the right.
     auto* columns = new QHBoxLayout();
     auto* left = new QVBoxLayout();
-    left->addWidget(BuildFrequencyGroup(kit_, central));
+    QWidget* frequency = BuildFrequencyGroup(kit_, central);
+    // As on a rig, the wheel over the frequency display tunes.
+    WheelTunes(kit_, frequency->findChild<QLineEdit*>("txtVfoA"));
+    left->addWidget(frequency);
     left->addWidget(BuildModesGroup(kit_, central));
     left->addWidget(BuildMeterGroup(kit_, central));
+    left->addWidget(BuildTuningGroup(kit_, central));
+    left->addWidget(BuildBandsGroup(kit_, central));
     left->addStretch();
     auto* right = new QVBoxLayout();
     right->addWidget(BuildTransmitGroup(kit_, central));
     right->addWidget(BuildRepeaterGroup(kit_, central));
+    right->addWidget(BuildNotesGroup(kit_, central));
     right->addStretch();
     columns->addLayout(left, 3);
     columns->addLayout(right, 2);

@@ -8,6 +8,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
 
 #include <algorithm>
@@ -77,6 +78,26 @@ void SetAccessibleValue(QWidget* widget, const QString& toolTip) {
     SetAccessible(widget, {}, toolTip);
 }
 
+namespace {
+
+class EventHook : public QObject {
+  public:
+    EventHook(QObject* target, std::function<bool(QEvent*)> fn)
+        : QObject(target), fn_(std::move(fn)) {
+        target->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override { return fn_(event); }
+
+  private:
+    std::function<bool(QEvent*)> fn_;
+};
+
+}  // namespace
+
+void OnEvent(QObject* target, std::function<bool(QEvent*)> fn) {
+    new EventHook(target, std::move(fn));
+}
+
 void Views::renderAll() {
     // A render may open or close a window, whose kit then joins or leaves the list.
     const std::vector<ViewKit*> kits = kits_;
@@ -106,6 +127,12 @@ void ViewKit::render() {
 
 void ViewKit::onRender(std::function<void()> renderer) {
     renderers_.push_back(std::move(renderer));
+}
+
+void ViewKit::takeFocus(QWidget* widget, const Control& control) {
+    if (c_.focusRequest != &control) return;
+    c_.focusRequest = nullptr;
+    widget->setFocus(Qt::OtherFocusReason);
 }
 
 QPushButton* ViewKit::button(QWidget* parent, const QString& name, const CommandButton& model,
@@ -246,10 +273,11 @@ QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model
     e->setObjectName(name);
     QObject::connect(e, &QLineEdit::textEdited, e,
                      [&model](const QString& text) { model.text = text; });
-    onRender([e, &model] {
+    onRender([this, e, &model] {
         ShowText(e, model.text);
         ShowControl(e, model);
         SetAccessibleValue(e, model.toolTip);
+        takeFocus(e, model);
     });
     return e;
 }
@@ -283,6 +311,31 @@ QSlider* ViewKit::slider(QWidget* parent, const QString& name, Slider& model, Ha
     const bool wired = static_cast<bool>(onChange);
     if (wired) {
         QObject::connect(s, &QSlider::valueChanged, s, [this, &model, onChange](int value) {
+            if (rendering_) return;
+            model.value = value;
+            handle(onChange);
+        });
+    }
+    onRender([s, &model, wired] {
+        if (s->minimum() != model.min || s->maximum() != model.max)
+            s->setRange(model.min, model.max);
+        if (s->value() != model.value) s->setValue(model.value);
+        ShowControl(s, model);
+        SetAccessibleValue(s, model.toolTip);
+        if (!wired) s->setEnabled(false);
+    });
+    return s;
+}
+
+QScrollBar* ViewKit::scrollBar(QWidget* parent, const QString& name, Slider& model,
+                               Handler onChange) {
+    auto* s = new QScrollBar(Qt::Vertical, parent);
+    s->setObjectName(name);
+    s->setRange(model.min, model.max);
+    s->setValue(model.value);
+    const bool wired = static_cast<bool>(onChange);
+    if (wired) {
+        QObject::connect(s, &QScrollBar::valueChanged, s, [this, &model, onChange](int value) {
             if (rendering_) return;
             model.value = value;
             handle(onChange);

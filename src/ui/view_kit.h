@@ -22,7 +22,10 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
+class QScrollBar;
 class QSlider;
+class QEvent;
+class QObject;
 class QWidget;
 
 namespace veldor {
@@ -81,15 +84,24 @@ class ViewKit {
     // A list; the operator's choice goes to listIndex, then to the handler.
     QComboBox* combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick);
     QSlider* slider(QWidget* parent, const QString& name, Slider& model, Handler onChange);
+    // A vertical scroll bar; the top is its minimum.
+    QScrollBar* scrollBar(QWidget* parent, const QString& name, Slider& model, Handler onChange);
     QProgressBar* bar(QWidget* parent, const QString& name, const ProgressBar& model);
     QGroupBox* frame(QWidget* parent, const QString& name, const Frame& model);
 
   private:
+    // Gives the widget the keyboard focus when the core asks it for the control.
+    void takeFocus(QWidget* widget, const Control& control);
+
     Core& c_;
     Views& views_;
     std::vector<std::function<void()>> renderers_;
     bool rendering_ = false;
 };
+
+// Runs fn for each event of target before target sees it; fn returns true to keep the event
+// from target. The hook lives as long as target.
+void OnEvent(QObject* target, std::function<bool(QEvent*)> fn);
 
 // The system's colour word as a style sheet; the button face is the style's own.
 QString StyleFor(Colour colour);

@@ -1,9 +1,9 @@
 // The controls of each model: memory toggles, filters, tuner, split, VFO buttons, the FT-450's
 // functions, and the order the tick serves them in.
 #include "protocol/model_controls.h"
-#include "link/catalogue.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "shell/customise.h"
 #include "support/fakes.h"
 
@@ -202,12 +202,13 @@ TEST(VfoToggle, TheVr5000RetunesToItsOtherReceiver) {
     st.c.s.VR5000FrequencyMain = 9880000;
     st.c.s.VR5000ModeMain = "WFM";
     st.c.s.VR5000FrequencySub = 14550000;
-    st.c.s.VR5000ModeSub = "FMN";
+    // Not the mode of the main receiver's channel at switch-on, which counts as sent.
+    st.c.s.VR5000ModeSub = "AMN";
     cmdVFOtoggle_Click(st.c);
     st.tick();
     EXPECT_EQ(st.c.f.cmdVFOtoggle.caption, "VFO B");
     EXPECT_EQ(st.rig().state().vfoBHz, 145500000);
-    EXPECT_EQ(st.rig().state().subMode, "FMN");
+    EXPECT_EQ(st.rig().state().subMode, "AMN");
     cmdVFOBOff_Click(st.c);
     st.tick();
     EXPECT_FALSE(st.rig().state().subOn);

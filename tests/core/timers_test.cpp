@@ -1,7 +1,8 @@
 // The clock timer, the ten-minute counter, the delay sliders, and the tick's recovery.
-#include "link/catalogue.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "support/fakes.h"
+#include "tuning/delays.h"
 
 #include <gtest/gtest.h>
 

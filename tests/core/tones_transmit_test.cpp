@@ -1,6 +1,6 @@
 // Tones, repeater shift, and transmit switching with its lines.
-#include "link/catalogue.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "protocol/tones.h"
 #include "protocol/transmit.h"
 #include "shell/customise.h"
@@ -373,6 +373,7 @@ TEST(TxRxButton, AReceiverGetsNoBytesThoughTheButtonChanges) {
     st.load();
     st.switchOn();
     st.c.s.PollingDelay = 99;
+    tmrPollInterval_Timer(st.c);         // the first tick takes the receiver to its stored channel
     st.c.f.chkTransmitEnable.value = 1;  // as a stored choice would leave it
     cmdTxRx_Click(st.c);
     EXPECT_EQ(st.c.f.cmdTxRx.caption, "TX/rx");

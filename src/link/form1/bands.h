@@ -3,8 +3,13 @@
 
 #include "link/controls.h"
 
+#include <array>
+
 namespace veldor {
 
-struct BandsGroup {};
+struct BandsGroup {
+    // Captions from the band table (ShowBandCaptions).
+    std::array<CommandButton, 13> cmdBand{};
+};
 
 }  // namespace veldor

@@ -7,6 +7,9 @@
 
 namespace veldor {
 
-struct ScanState {};
+struct ScanState {
+    bool ScanHold = false;        // the scan is paused
+    bool SpectrumPaused = false;  // the sweep is paused
+};
 
 }  // namespace veldor

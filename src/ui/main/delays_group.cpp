@@ -1,4 +1,5 @@
 #include "cycle/start_stop.h"
+#include "tuning/delays.h"
 #include "ui/main/groups.h"
 
 #include <QCheckBox>

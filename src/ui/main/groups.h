@@ -25,5 +25,13 @@ QWidget* BuildModelFrames(ViewKit& kit, QWidget* parent);
 QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent);
 // The delay sliders, and the scan buttons beside them.
 QWidget* BuildDelaysGroup(ViewKit& kit, QWidget* parent);
+// The step grid and knob, the megahertz buttons, GoTo and the transverter frame.
+QWidget* BuildTuningGroup(ViewKit& kit, QWidget* parent);
+// The thirteen band buttons.
+QWidget* BuildBandsGroup(ViewKit& kit, QWidget* parent);
+// The ring of frequency notes.
+QWidget* BuildNotesGroup(ViewKit& kit, QWidget* parent);
+// The mouse wheel over the widget turns the tuning knob, a step a notch.
+void WheelTunes(ViewKit& kit, QWidget* over);
 
 }  // namespace veldor

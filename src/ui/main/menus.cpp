@@ -4,6 +4,8 @@
 #include "cycle/start_stop.h"
 #include "protocol/model_controls.h"
 #include "protocol/transmit.h"
+#include "tuning/go_to.h"
+#include "tuning/transverter.h"
 #include "ui/rig_sharing_dialog.h"
 
 #include <QAction>
@@ -150,9 +152,9 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
     Items(kit, options, {{"mnuUseSquelch", &f.mnuUseSquelch, {}, {}, true}});
     options->addSeparator()->setObjectName("mnuOptionsLine2");
     Items(kit, options,
-          {{"mnuXvtr", &f.mnuXvtr, {}, Qt::Key_F5, true},
+          {{"mnuXvtr", &f.mnuXvtr, mnuXvtr_Click, Qt::Key_F5, true},
            {"mnuMemoryTag", &f.mnuMemoryTag, {}, Qt::Key_F6, true},
-           {"mnuShowLargeGoTo", &f.mnuShowLargeGoTo, {}, Qt::Key_F7, true}});
+           {"mnuShowLargeGoTo", &f.mnuShowLargeGoTo, mnuShowLargeGoTo_Click, Qt::Key_F7, true}});
 
     QMenu* clickSet = Menu(bar, "mnuClickSet", "ClickSet");
     QMenu* set = Submenu(clickSet, "mnuSet", "Set");

@@ -1,4 +1,5 @@
 #include "protocol/model_controls.h"
+#include "tuning/vr5000_steps.h"
 #include "ui/main/groups.h"
 
 #include <QCheckBox>
@@ -135,9 +136,10 @@ void BuildFt450(ViewKit& kit, QGroupBox* box) {
 
 // The VR-5000's tuning steps of the mode in use.
 void BuildVr5000Steps(ViewKit& kit, QGroupBox* box, const char* name,
-                      std::span<OptionButton> options, const QStringList& captions) {
+                      std::span<OptionButton> options, const QStringList& captions,
+                      void (*onClick)(Core&, int)) {
     auto* row = new QHBoxLayout(box);
-    for (QRadioButton* option : kit.options(box, name, options, captions, {}))
+    for (QRadioButton* option : kit.options(box, name, options, captions, onClick))
         row->addWidget(option);
     row->addStretch();
 }
@@ -177,13 +179,14 @@ QWidget* BuildModelFrames(ViewKit& kit, QWidget* parent) {
     BuildFt920(kit, frame(f.frmFT920, "frmFT920"));
     BuildFt450(kit, frame(f.frmFT450, "frmFT450"));
     BuildVr5000Steps(kit, frame(f.frmVR5000LSB, "frmVR5000LSB"), "optLSBUSB", f.optLSBUSB,
-                     {"20 Hz", "100 Hz", "500 Hz", "1 kHz", "5 kHz"});
+                     {"20 Hz", "100 Hz", "500 Hz", "1 kHz", "5 kHz"}, optLSBUSB_Click);
     BuildVr5000Steps(kit, frame(f.frmVR5000AM, "frmVR5000AM"), "optAM", f.optAM,
-                     {"1k", "5k", "9k", "10k", "20k", "25k", "50k", "100k", "500k"});
+                     {"1k", "5k", "9k", "10k", "20k", "25k", "50k", "100k", "500k"}, optAM_Click);
     BuildVr5000Steps(kit, frame(f.frmVR5000FMN, "frmVR5000FMN"), "optFMN", f.optFMN,
-                     {"5k", "6.25k", "10k", "12.5k", "20k", "25k", "50k", "100k", "500k"});
+                     {"5k", "6.25k", "10k", "12.5k", "20k", "25k", "50k", "100k", "500k"},
+                     optFMN_Click);
     BuildVr5000Steps(kit, frame(f.frmVR5000WFM, "frmVR5000WFM"), "optWFM", f.optWFM,
-                     {"10k", "50k", "100k", "500k"});
+                     {"10k", "50k", "100k", "500k"}, optWFM_Click);
     return frames;
 }
 
