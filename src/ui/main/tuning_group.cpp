@@ -30,7 +30,15 @@ QListWidget* StepGridView(ViewKit& kit, QWidget* parent) {
     auto* grid = new QListWidget(parent);
     grid->setObjectName("grdTuning");
     grid->setAccessibleName("Tuning step");
-    grid->setMaximumWidth(80);
+    // All nineteen rows in view, in columns: the wheel over the grid tunes, it does not scroll.
+    grid->setFlow(QListView::TopToBottom);
+    grid->setWrapping(true);
+    grid->setResizeMode(QListView::Adjust);
+    grid->setUniformItemSizes(true);
+    grid->setGridSize(QSize(48, 18));
+    grid->setFixedSize(3 * 48 + 8, 7 * 18 + 8);
+    grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QObject::connect(grid, &QListWidget::currentRowChanged, grid, [&kit, &model](int row) {
         if (kit.rendering() || row < 0) return;
         model.row = row;
@@ -172,10 +180,14 @@ QWidget* BuildTuningGroup(ViewKit& kit, QWidget* parent) {
     QScrollBar* knob = kit.scrollBar(box, "VScroll1", f.VScroll1, VScroll1_Change);
     knob->setAccessibleName("Tuning knob");
     WheelTunes(kit, knob);
-    grid->setFixedHeight(110);
-    knob->setFixedHeight(110);
+    knob->setFixedHeight(grid->height());
     layout->addWidget(grid);
-    layout->addWidget(knob);
+    auto* knobColumn = new QVBoxLayout();
+    auto* knobLabel = new QLabel("Knob", box);
+    knobLabel->setBuddy(knob);
+    knobColumn->addWidget(knobLabel);
+    knobColumn->addWidget(knob, 0, Qt::AlignHCenter);
+    layout->addLayout(knobColumn);
 
     auto* right = new QVBoxLayout();
     auto* mhz = new QHBoxLayout();

@@ -1,0 +1,183 @@
+// Band buttons on the wire of three kinds of rig, the refusals of every tuning request, the
+// band table in both locales, and the ring of notes.
+#include "basic/basic.h"
+#include "cycle/start_stop.h"
+#include "link/catalogue.h"
+#include "memories/notes.h"
+#include "support/fakes.h"
+#include "tuning/bands.h"
+#include "tuning/go_to.h"
+
+#include <gtest/gtest.h>
+
+namespace veldor::test {
+namespace {
+
+TEST(BandButtons, TuneEachKindOfRigWithModeToneAndShift) {
+    OnAir ft817(RigFT817);
+    cmdBand_Click(ft817.c, 4);  // 14.200 USB
+    ft817.tick();
+    // Mode, frequency, tone off, simplex, each acknowledged; then the frequency is read back.
+    EXPECT_EQ(ft817.rigReceived().toHex(' '),
+              "01 00 00 00 07 01 42 00 00 01 8a 00 00 00 0a 89 00 00 00 09 00 00 00 00 03");
+    EXPECT_EQ(ft817.c.f.txtVfoA.text, "14.200.00");
+
+    OnAir ft450(RigFT450);
+    cmdBand_Click(ft450.c, 9);  // 51.410 FM
+    ft450.tick();
+    EXPECT_EQ(ft450.rigReceived(), "MD04;FA51410000;CT00;OS00;IF;");
+    EXPECT_EQ(ft450.rig().state().mode, "FM");
+
+    OnAir vr5000(RigVR5000);  // at 145.575 FM from its first tick
+    cmdBand_Click(vr5000.c, 4);
+    vr5000.tick();
+    // USB with its step code, then 14.20000 MHz in binary; the receiver is never read.
+    EXPECT_EQ(vr5000.rigReceived().toHex(' '), "01 21 00 00 07 00 15 aa e0 01");
+    EXPECT_EQ(vr5000.stored("Settings", "VR5000LastFreqMode"), "14.200u00");
+}
+
+// A connected FT-817 on a scripted wire with two notes, a band table and a GoTo typed.
+struct Ready : Wire {
+    Ready() : Wire(RigFT817, Bytes({0})) {
+        setting("RigType", RigFT817);
+        InitialiseVariables(c);
+        c.f.chkOnOff.value = 1;
+        for (const char* text : {"7.050.00", "7.060.00"}) {
+            c.f.txtVfoA.text = text;
+            cmdNoteFreq_Click(c);
+        }
+        c.f.txtGoToFreq.text = "7.1";
+        c.s.TargetFrequency = 123;
+    }
+};
+
+TEST(TuningRequests, NothingHappensWhileTheLinkIsOffOrTheRigIsBusy) {
+    enum Condition { None, Off, Transmitting, Scanning, Sweeping, SweepPaused };
+    const struct {
+        const char* name;
+        void (*request)(Core&);
+        bool whileSweeping, whilePaused;
+    } requests[] = {
+        {"band", [](Core& c) { cmdBand_Click(c, 2); }, false, false},
+        {"GoTo", ApplyGoTo, false, true},
+        {"back", cmdBack_Click, false, true},
+        {"forward", cmdForward_Click, false, true},
+        {"last note", cmdNoteLast_Click, true, true},
+    };
+    for (const auto& r : requests) {
+        for (Condition cond : {None, Off, Transmitting, Scanning, Sweeping, SweepPaused}) {
+            Ready w;
+            State& s = w.c.s;
+            w.c.f.chkOnOff.value = cond == Off ? 0 : 1;
+            s.Transmitting = cond == Transmitting;
+            s.ScanRunning = cond == Scanning;
+            s.SpectrumRunning = cond == Sweeping || cond == SweepPaused;
+            s.SpectrumPaused = cond == SweepPaused;
+            r.request(w.c);
+            const bool acts = cond == None || (cond == Sweeping && r.whileSweeping) ||
+                              (cond == SweepPaused && r.whilePaused);
+            EXPECT_EQ(s.TargetFrequency != 123, acts) << r.name << " " << cond;
+            EXPECT_EQ(s.FrequencyChangePending || !w.hex().isEmpty(), acts)
+                << r.name << " " << cond;
+        }
+    }
+}
+
+TEST(BandTable, FrequenciesTakeTheSystemsDecimalMark) {
+    Harness h;
+    h.system.decimalMark = ',';
+    h.store->save("VELDOR", "Bands", "band2freq", "3.5");
+    InitialiseVariables(h.c);
+    basic::SetDecimalMark('.');
+    EXPECT_EQ(h.c.s.BandFreq[4], "14,200");
+    EXPECT_EQ(h.c.s.BandFreq[1], "3,5");
+    EXPECT_EQ(h.c.s.BandRepeaterOffset[9], "1000");
+    EXPECT_EQ(h.c.f.cmdBand[12].caption, "433");
+    h.c.s.BandName[0] = "160m";
+    SaveBands(h.c);
+    EXPECT_EQ(h.stored("Bands", "Band1Name"), "160m");
+    EXPECT_EQ(h.stored("Bands", "Band13EncDec"), "00");
+}
+
+TEST(Notes, AfterAWrapBackAndForwardStayWithinTheNewestNotes) {
+    Wire w(RigFT817);
+    w.c.f.chkOnOff.value = 1;
+    for (int n = 1; n <= 32; ++n) {
+        w.c.f.txtVfoA.text = QString("7.%1.00").arg(n, 3, 10, QChar('0'));
+        cmdNoteFreq_Click(w.c);
+        if (n == 1) {
+            EXPECT_FALSE(w.c.f.cmdForward.enabled || w.c.f.cmdBack.enabled);
+        }
+    }
+    EXPECT_EQ(w.c.f.lblNotes.caption, "30");
+    EXPECT_EQ(w.c.f.lblCurrentNote.caption, "2");
+    EXPECT_TRUE(w.c.f.cmdForward.enabled && w.c.f.cmdBack.enabled);
+    // Notes 31 and 32 took entries 1 and 2; 3 to 30 hold notes 3 to 30.
+    const std::pair<void (*)(Core&), int32_t> presses[] = {{cmdForward_Click, 703100},
+                                                           {cmdForward_Click, 703200},
+                                                           {cmdBack_Click, 703100},
+                                                           {cmdBack_Click, 703200}};
+    for (auto [press, frequency] : presses) {
+        press(w.c);
+        EXPECT_EQ(w.c.s.TargetFrequency, frequency);
+    }
+    EXPECT_EQ(w.c.f.lblCurrentNote.caption, "2");
+}
+
+TEST(Notes, ANoteKeepsTheChannelAndIsRecalledWithIt) {
+    Wire w(RigFT817);
+    w.c.f.chkOnOff.value = 1;
+    w.c.f.txtVfoA.text = "145.600.00";
+    w.c.f.txtMode.text = "FM ";
+    w.c.s.ToneCode = "12";
+    w.c.s.ToneEncode = "1";
+    w.c.s.TargetShift = "-";
+    w.c.s.TargetOffset = "600";
+    cmdNoteFreq_Click(w.c);
+    w.c.s.ToneCode = w.c.s.ToneEncode = w.c.s.TargetShift = "0";
+    cmdNoteLast_Click(w.c);
+    EXPECT_EQ(w.c.s.TargetFrequency, 14560000);
+    EXPECT_EQ(w.c.s.TargetMode, "FM");
+    EXPECT_EQ(w.c.s.ToneCode, "12");
+    EXPECT_EQ(w.c.s.ToneEncode, "1");
+    EXPECT_EQ(w.c.s.ToneDecode, "0");
+    EXPECT_EQ(w.c.s.TargetShift, "-");
+    EXPECT_TRUE(w.c.s.FrequencyChangePending);
+}
+
+TEST(Notes, NoNoteIsTakenWhileScanningUnlessHeldNorOfAShortDisplay) {
+    Wire w(RigFT817);
+    w.c.f.chkOnOff.value = 1;
+    w.c.f.txtVfoA.text = ".136.0";  // six characters
+    cmdNoteFreq_Click(w.c);
+    w.c.f.txtVfoA.text = "7.050.00";
+    w.c.s.ScanRunning = true;
+    cmdNoteFreq_Click(w.c);
+    EXPECT_EQ(w.c.s.NoteCount, 0);
+    w.c.s.ScanHold = true;
+    cmdNoteFreq_Click(w.c);
+    EXPECT_EQ(w.c.s.NoteCount, 1);
+}
+
+TEST(Notes, ClearingAsksFirstAndSpeaksOfTheBanks) {
+    Ready w;
+    w.dialogs.answers = {MsgResult::No, MsgResult::Yes};
+    cmdClearNotes_Click(w.c);
+    EXPECT_EQ(w.c.s.NoteCount, 2);
+    cmdClearNotes_Click(w.c);
+    ASSERT_EQ(w.dialogs.messages.size(), 2u);
+    EXPECT_EQ(w.dialogs.messages[1].text,
+              "Are your sure you want to clear the Quick Memory Banks?");
+    EXPECT_EQ(w.c.s.NoteCount, 0);
+    EXPECT_EQ(w.c.s.NoteLast, 0);
+    EXPECT_TRUE(w.c.s.NoteFreq[1].isEmpty());
+    EXPECT_EQ(w.c.s.NoteOffset[1], "600");
+    EXPECT_EQ(w.c.f.lblNotes.caption, "0");
+    EXPECT_FALSE(w.c.f.cmdBack.enabled || w.c.f.cmdForward.enabled);
+    // With no note, the last note is the empty entry 0, which no rig can tune.
+    cmdNoteLast_Click(w.c);
+    EXPECT_EQ(w.c.s.TargetFrequency, -1);
+}
+
+}  // namespace
+}  // namespace veldor::test
