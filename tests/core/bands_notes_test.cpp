@@ -1,5 +1,5 @@
-// Band buttons on the wire of three kinds of rig, the refusals of every tuning request, the
-// band table in both locales, and the ring of notes.
+// Band buttons, GoTo and knob on the wire of three kinds of rig, the refusals of every tuning
+// request, the band table in both locales, and the ring of notes.
 #include "basic/basic.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -7,33 +7,51 @@
 #include "support/fakes.h"
 #include "tuning/bands.h"
 #include "tuning/go_to.h"
+#include "tuning/steps.h"
 
 #include <gtest/gtest.h>
 
 namespace veldor::test {
 namespace {
 
-TEST(BandButtons, TuneEachKindOfRigWithModeToneAndShift) {
-    OnAir ft817(RigFT817);
-    cmdBand_Click(ft817.c, 4);  // 14.200 USB
-    ft817.tick();
-    // Mode, frequency, tone off, simplex, each acknowledged; then the frequency is read back.
-    EXPECT_EQ(ft817.rigReceived().toHex(' '),
-              "01 00 00 00 07 01 42 00 00 01 8a 00 00 00 0a 89 00 00 00 09 00 00 00 00 03");
-    EXPECT_EQ(ft817.c.f.txtVfoA.text, "14.200.00");
-
-    OnAir ft450(RigFT450);
-    cmdBand_Click(ft450.c, 9);  // 51.410 FM
-    ft450.tick();
-    EXPECT_EQ(ft450.rigReceived(), "MD04;FA51410000;CT00;OS00;IF;");
-    EXPECT_EQ(ft450.rig().state().mode, "FM");
-
-    OnAir vr5000(RigVR5000);  // at 145.575 FM from its first tick
-    cmdBand_Click(vr5000.c, 4);
-    vr5000.tick();
-    // USB with its step code, then 14.20000 MHz in binary; the receiver is never read.
-    EXPECT_EQ(vr5000.rigReceived().toHex(' '), "01 21 00 00 07 00 15 aa e0 01");
-    EXPECT_EQ(vr5000.stored("Settings", "VR5000LastFreqMode"), "14.200u00");
+// What reaches each kind of rig, in hex or as text, from a band button, then a typed GoTo
+// with a mode letter, then one notch of the knob at 1 kHz.
+TEST(TuningOnTheWire, BandGoToAndKnobOnEachKindOfRig) {
+    const struct {
+        const QString& rig;
+        int band;
+        const char* bandSent;
+        const char* goToSent;
+        const char* knobSent;
+    } rows[] = {
+        // Mode, frequency, tone off, simplex, then the frequency read back; the GoTo reads
+        // nothing back and sends only what changed.
+        {RigFT817, 4, "01 00 00 00 07 01 42 00 00 01 8a 00 00 00 0a 89 00 00 00 09 00 00 00 00 03",
+         "00 00 00 00 07 00 70 74 00 01", "00 70 75 00 01"},
+        {RigFT450, 9, "MD04;FA51410000;CT00;OS00;IF;", "MD01;FA07074000;", "FA07075000;"},
+        // Mode with the step code of its group, then the frequency in binary; never read.
+        {RigVR5000, 4, "01 21 00 00 07 00 15 aa e0 01", "00 21 00 00 07 00 0a cb 48 01",
+         "00 0a cb ac 01"},
+    };
+    for (const auto& r : rows) {
+        OnAir st(r.rig);
+        auto sent = [&st, &r] {
+            st.tick();
+            const QByteArray bytes = st.rigReceived();
+            st.rig().clearTrace();
+            return QString(r.rig == RigFT450 ? bytes : bytes.toHex(' '));
+        };
+        cmdBand_Click(st.c, r.band);
+        EXPECT_EQ(sent(), r.bandSent) << r.rig.toStdString();
+        st.c.f.txtGoToFreq.text = "7.074l";
+        cmdGoToFreq_Click(st.c);
+        EXPECT_EQ(sent(), r.goToSent) << r.rig.toStdString();
+        EXPECT_EQ(st.c.f.txtVfoA.text, "7.074.00");
+        st.c.f.grdTuning.row = 4;
+        grdTuning_RowColChange(st.c);
+        KnobWheel(st.c, 1);
+        EXPECT_EQ(sent(), r.knobSent) << r.rig.toStdString();
+    }
 }
 
 // A connected FT-817 on a scripted wire with two notes, a band table and a GoTo typed.
