@@ -82,14 +82,13 @@ void cmdNoteLast_Click(Core& c) {
 void cmdClearNotes_Click(Core& c) {
     // The question speaks of the banks, though only the notes are cleared: it has always read
     // so.
-    if (c.p.dialogs->messageBox("Are your sure you want to clear the Quick Memory Banks?",
-                                "VELDOR", MsgButtons::YesNo,
-                                MsgIcon::Question) != MsgResult::Yes)
+    if (c.p.dialogs->messageBox("Are your sure you want to clear the Quick Memory Banks?", "VELDOR",
+                                MsgButtons::YesNo, MsgIcon::Question) != MsgResult::Yes)
         return;
     State& s = c.s;
     for (int n = 0; n <= kNotes; ++n) {
-        for (QString* field : {&s.NoteFreq[n], &s.NoteMode[n], &s.NoteCTCSS[n], &s.NoteEncDec[n],
-                               &s.NoteShift[n]})
+        for (QString* field :
+             {&s.NoteFreq[n], &s.NoteMode[n], &s.NoteCTCSS[n], &s.NoteEncDec[n], &s.NoteShift[n]})
             field->clear();
         s.NoteOffset[n] = "600";
     }

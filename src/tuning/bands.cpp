@@ -13,9 +13,12 @@ struct BandField {
     std::array<QString, 13> State::*values;
 };
 constexpr BandField kFields[7] = {
-    {"Name", &State::BandName},     {"Freq", &State::BandFreq},
-    {"Mode", &State::BandMode},     {"CTCSS", &State::BandCTCSS},
-    {"EncDec", &State::BandEncDec}, {"Shift", &State::BandShift},
+    {"Name", &State::BandName},
+    {"Freq", &State::BandFreq},
+    {"Mode", &State::BandMode},
+    {"CTCSS", &State::BandCTCSS},
+    {"EncDec", &State::BandEncDec},
+    {"Shift", &State::BandShift},
     {"RepeaterOffset", &State::BandRepeaterOffset},
 };
 

@@ -52,9 +52,9 @@ void sldExtra_Change(Core& c) {
 void chkSliders_Click(Core& c) {
     Form1& f = c.f;
     const bool show = f.chkSliders.value == 1;
-    for (Control* control : std::initializer_list<Control*>{&f.sldCMDdelay, &f.sldSmeterDelay,
-                                                            &f.sldExtra, &f.lblCmdDelay,
-                                                            &f.lblAGCdelay, &f.lblExtra})
+    for (Control* control :
+         std::initializer_list<Control*>{&f.sldCMDdelay, &f.sldSmeterDelay, &f.sldExtra,
+                                         &f.lblCmdDelay, &f.lblAGCdelay, &f.lblExtra})
         control->visible = show;
 }
 

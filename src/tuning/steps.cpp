@@ -66,8 +66,10 @@ bool MhzStep(Core& c, int32_t change) {
     if (s.FrequencyOutOfRange) return false;
     SendFrequencyCommand(c, frequency, false);
     // Deliberately kept: the VR-5000's channel records the tune target, not the new frequency.
-    if (s.RigType == RigVR5000) (s.VfoAActive ? s.VR5000FrequencyMain : s.VR5000FrequencySub) =
-        s.TargetFrequency;
+    if (s.RigType == RigVR5000) {
+        int32_t& channel = s.VfoAActive ? s.VR5000FrequencyMain : s.VR5000FrequencySub;
+        channel = s.TargetFrequency;
+    }
     c.f.txtVfoA.text = FormatFrequency(c, s.CurrentFrequency);
     // The spectrum's frequency box follows here, less its second separator, with the sweep.
     s.TuningFrequency = s.CurrentFrequency;
