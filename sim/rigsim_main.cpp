@@ -50,7 +50,9 @@ constexpr const char* kHelp =
     "  --freq HZ           start frequency (default 14250000)\n"
     "  --mode NAME         start mode (default USB)\n"
     "  --faults LIST       faults to start with, comma separated, as on the control pipe\n"
-    "                      with '=': drop=2,silent=1\n";
+    "                      with '=': drop=2,silent=1\n"
+    "  -h, --help          print this help and exit\n"
+    "  --version           print the version and exit\n";
 
 struct Options {
     QString rig, link, secondLink, trace, stateFile, control, faults;
@@ -216,6 +218,11 @@ int main(int argc, char* argv[]) {
         };
         if (a == "--help" || a == "-h") {
             std::fputs(kHelp, stdout);
+            return 0;
+        }
+        if (a == "--version") {
+            std::printf("veldor-rigsim %d.%d.%d\n", VELDOR_VERSION_MAJOR, VELDOR_VERSION_MINOR,
+                        VELDOR_VERSION_REVISION);
             return 0;
         }
         if (a == "--rig")

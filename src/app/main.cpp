@@ -2,12 +2,15 @@
 #include "ui/application.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QSocketNotifier>
 #include <QStringList>
 
 #include <sys/socket.h>
 #include <unistd.h>
 #include <csignal>
+#include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -18,11 +21,42 @@ void OnSignal(int) {
     [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
 }
 
+constexpr const char* kHelp =
+    "Usage: veldor [/CONFIG=NAME]\n"
+    "Controls a Yaesu rig over its serial CAT link.\n\n"
+    "  /CONFIG=NAME  run with the configuration NAME (upper-cased): its own settings file,\n"
+    "                ~/.config/VELDOR/VELDOR_NAME.ini, and memory grid\n"
+    "  -h, --help    print this help and exit\n"
+    "  --version     print the version and exit\n\n"
+    "Without /CONFIG= the settings are in ~/.config/VELDOR/VELDOR.ini\n"
+    "($XDG_CONFIG_HOME moves ~/.config). See veldor(1).\n";
+
+// --help and --version are answered on the terminal before any window exists, so that they
+// work with no display. Returns false when the program is to start.
+bool AnsweredOnTerminal(int argc, char* argv[]) {
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
+            std::fputs(kHelp, stdout);
+            return true;
+        }
+        if (std::strcmp(argv[i], "--version") == 0) {
+            std::printf("veldor %d.%d.%d\n", VELDOR_VERSION_MAJOR, VELDOR_VERSION_MINOR,
+                        VELDOR_VERSION_REVISION);
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    if (AnsweredOnTerminal(argc, argv)) return 0;
     QApplication qapp(argc, argv);
     QApplication::setApplicationName("VELDOR");
+    // The installed desktop entry and icon, so that the desktop shows the program as its own.
+    QApplication::setDesktopFileName("veldor");
+    QApplication::setWindowIcon(QIcon::fromTheme("veldor"));
     veldor::Application app;
 
     // SIGTERM and SIGINT close the program as its window does, so that a logout never leaves
