@@ -61,6 +61,7 @@ struct State : TuningState,
     bool ForceUpdate = false;
 
     // Signal and status reading.
+    // Raised by every tone command: the next signal reading pauses sldExtra longer, once.
     bool ExtraDelayNeeded = false;
     bool IgnoreNextTxStatus = false;
     bool SplitChangedByPoll = false;
@@ -153,7 +154,6 @@ struct State : TuningState,
     // Tones and repeater shift.
     QString LastToneState;
     uint8_t ToneByte = 0, ToneByteHigh = 0, ToneByteLow = 0, ToneModeByte = 0;
-    bool ToneDisplayChanged = false;
     QString LastShiftSent;
     QString LastOffsetSent;
     bool ShiftPending = false;

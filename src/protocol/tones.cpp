@@ -94,7 +94,7 @@ void SendToneSettings(Core& c) {
         SendCommand(c, 0x90);
     }
     ShowToneIndicators(c);
-    s.ToneDisplayChanged = true;
+    s.ExtraDelayNeeded = true;  // after a tone change the rig answers slowly: see ReadSignal
 }
 
 void ToneOff(Core& c) {
@@ -116,7 +116,7 @@ void ToneOff(Core& c) {
     s.ToneCode = "0";
     s.ToneEncode = "0";
     s.ToneDecode = "0";
-    s.ToneDisplayChanged = true;
+    s.ExtraDelayNeeded = true;
 }
 
 void ShowToneIndicators(Core& c) {

@@ -1,8 +1,9 @@
 // The S-meter, the signal decision, the lights, and the transmit and VFO status, from replies
 // written by hand from the rigs' manuals.
 #include "protocol/read_signal.h"
-#include "link/catalogue.h"
 #include "cycle/poll_cycle.h"
+#include "link/catalogue.h"
+#include "protocol/tones.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -45,18 +46,20 @@ TEST(SMeter, AnFt450ReadingOf255IsLimitedTo31) {
     EXPECT_EQ(h.c.f.lblDCS.backColour, White);
 }
 
-TEST(SMeter, ThePauseComesFirstAndGrowsOnceAfterAToneChange) {
-    ScriptedRig h(RigFT817);
-    h.replies(QByteArray::fromHex("00"));
-    h.c.f.sldExtra.value = 250;
-    h.c.s.ExtraDelayNeeded = true;
-    const uint32_t start = h.clock.now;
-    ReadSignal(h.c);
-    EXPECT_EQ(h.scriptedPort->written.at(0).atMs - start, 300u);
-    EXPECT_FALSE(h.c.s.ExtraDelayNeeded);
-    const uint32_t second = h.clock.now;
-    ReadSignal(h.c);
-    EXPECT_EQ(h.scriptedPort->written.at(1).atMs - second, 50u);
+TEST(SMeter, ThePauseComesFirstAndGrowsOnceAfterEitherToneCommand) {
+    for (void (*toneCommand)(Core&) : {SendToneSettings, ToneOff}) {
+        ScriptedRig h(RigFT817);
+        h.replies(QByteArray::fromHex("00"));
+        h.c.f.sldExtra.value = 250;
+        ToneValues(h.c, "8", "1", "0");
+        toneCommand(h.c);
+        for (const uint32_t pause : {300u, 50u}) {
+            const size_t before = h.scriptedPort->written.size();
+            const uint32_t start = h.clock.now;
+            ReadSignal(h.c);
+            EXPECT_EQ(h.scriptedPort->written.at(before).atMs - start, pause);
+        }
+    }
 }
 
 TEST(SignalDecision, AThresholdOfZeroCountsEverythingAsASignal) {

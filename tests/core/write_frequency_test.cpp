@@ -1,8 +1,8 @@
 // Frequency and mode writes: the nearest mode, the bytes of every rig, the order of tone and
 // frequency, and the mode buttons.
 #include "protocol/write_frequency.h"
-#include "link/catalogue.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -176,7 +176,7 @@ TEST(SetFrequencyAndMode, AToneTakenOffGoesAfterTheFrequency) {
     Write(w, 14550000, "FM");
     EXPECT_EQ(w.hex(), "14 55 00 00 01 8a 00 00 00 0a");
     EXPECT_EQ(w.c.s.ToneEncode, "0");
-    EXPECT_TRUE(w.c.s.ToneDisplayChanged);
+    EXPECT_TRUE(w.c.s.ExtraDelayNeeded);
 }
 
 TEST(SetFrequencyAndMode, WithTheDecoderOnANewToneGoesAfterTheFrequency) {
