@@ -5,6 +5,7 @@
 #include "link/serial_link.h"
 #include "protocol/read_frequency.h"
 #include "protocol/read_signal.h"
+#include "protocol/tones.h"
 #include "tuning/steps.h"
 
 namespace veldor {
@@ -85,7 +86,11 @@ void PerformStatusUpdate(Core& c) {
     State& s = c.s;
     // Not held back by the polling rate.
     ApplyMhzStep(c);
-    // The tone lights join here with the tones.
+    // The tone lights follow the mode at every tick, whatever the polling rate.
+    if (c.f.txtMode.text.left(2) == "FM")
+        ShowToneIndicators(c);
+    else
+        ClearToneIndicators(c);
     if (!s.ForceUpdate && s.PollingDelay == 99) return;
     s.ForceUpdate = false;
     // The next reading is due PollingDelay after the end of the last one.

@@ -2,9 +2,9 @@
 // written by hand from the rigs' manuals.
 #include "protocol/read_frequency.h"
 #include "basic/basic.h"
-#include "link/catalogue.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
@@ -317,6 +317,22 @@ TEST(Polling, NoPollingReadsNothingUntilUpdateNow) {
     EXPECT_EQ(Readings(h), 1);
     PerformStatusUpdate(h.c);
     EXPECT_EQ(Readings(h), 1);  // one reading only
+}
+
+TEST(Polling, NoPollingStillRefreshesTheToneLightsAtEachTick) {
+    OnAir h(RigFT817, 145500000, "FM");
+    SetPollingDelay(h.c, 99);
+    h.c.s.ToneCode = "8";
+    h.c.s.ToneDecode = "1";
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(h.c.f.lblEnc.backColour, Green);
+    EXPECT_EQ(h.c.f.lblDec.backColour, Green);
+    EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "88.5");
+    h.c.f.txtMode.text = "USB";
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(h.c.f.lblEnc.backColour, White);
+    EXPECT_EQ(h.c.f.lblDec.backColour, White);
+    EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "Freq");
 }
 
 TEST(Polling, AReadingFallsDueAfterTheEndOfTheLastOne) {
