@@ -99,14 +99,20 @@ void ReadResponse(Core& c, int count) {
     // The pause comes before the first test: the shortest read takes 5 ms, a lost one 505 ms.
     for (int polls = 0;;) {
         PauseWithEvents(c, kLinkPause);
-        if (++polls > kReplyPollLimit) {
+        // A port closed under the read (switched off, a vanished device) ends it as a timeout.
+        if (++polls > kReplyPollLimit || !port.isOpen()) {
             c.s.ReplyTimedOut = true;
             break;
         }
-        if (!port.isOpen() || port.inBufferCount() >= count) break;
+        if (port.inBufferCount() >= count) break;
     }
     const int inBuffer = port.isOpen() ? port.inBufferCount() : 0;
     if (inBuffer != count && c.s.ReplyTimedOut) CountTimeout(c);
+    if (!port.isOpen()) {
+        c.s.ReplyBytes = QByteArray(1, '\0');
+        c.s.ReceiveBusy = false;
+        return;
+    }
     if (inBuffer < 1) {
         c.s.ReceiveBusy = false;
         return;

@@ -144,13 +144,22 @@ TEST_F(Link, ClearBufferEmptiesTheInputBeforeEachSend) {
     EXPECT_EQ(port().inBufferCount(), 0);
 }
 
-TEST_F(Link, SwitchingOffDuringAReadPutsTheCounterBackToZero) {
+TEST_F(Link, SwitchingOffDuringAReadEndsItAsATimeoutAndPutsTheCounterBackToZero) {
     h.c.f.lblTimeoutCount.caption = "7";
-    h.pump.at(h.clock.now + 100, [&] { h.c.f.chkOnOff.value = 0; });
+    h.c.s.ReplyBytes = Bytes({1, 2, 3, 4, 5});  // the last reply
+    const uint32_t start = h.clock.now;
+    // As chkOnOff_Click does: the box goes to 0 and the port is closed.
+    h.pump.at(start + 100, [&] {
+        h.c.f.chkOnOff.value = 0;
+        port().close();
+    });
     ReadResponse(h.c, 5);
     EXPECT_TRUE(h.c.s.ReplyTimedOut);
+    EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0}));
+    EXPECT_LE(h.clock.now - start, 105u);
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, ButtonFace);
+    EXPECT_FALSE(h.c.s.ReceiveBusy);
 }
 
 TEST_F(Link, AReadOnAClosedPortGivesOneByteAndLeavesTheFlag) {
