@@ -285,6 +285,7 @@ void CheckRigWindow(const QString& rig, veldor::Application& app) {
         ASSERT_NE(w.findChild<QLabel*>("lblTune"), nullptr);
         EXPECT_TRUE(w.findChild<QLabel*>("lblTune")->isVisible());
         EXPECT_EQ(w.findChild<QLabel*>("lblTune")->text(), f.lblTune.caption);
+        EXPECT_EQ(w.findChild<QPushButton*>("cmdFT920Tuner")->text(), "Tuner in/out");
     }
 }
 

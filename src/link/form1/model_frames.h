@@ -48,7 +48,7 @@ struct ModelFrames {
     Label lblAnt{{true, true, {}}, "A"};
     Label lblRXant{{true, false, {}}, "RX ant"};
     Label lblTune{{true, true, {}}, " N O R"};
-    CommandButton cmdFT920Tuner{{true, true, {}}, "Tuner", White};
+    CommandButton cmdFT920Tuner{{true, true, {}}, "Tuner in/out", White};
     CommandButton cmdFT920StartTune{{true, true, {}}, "Start Tune"};
 
     // FT-450 function lights: green on, white off.
