@@ -55,11 +55,16 @@ void SendFilter(Core& c, uint8_t stage, int index) {
     SendCommand(c, 0x8C);
 }
 
-// The FT-450's text for a request, refused while transmitting, scanning or sweeping.
-void Ft450Request(Core& c, bool State::*pending, const QString& text) {
+// The FT-450's text for a function of the main window: it goes out whatever the rig is doing.
+void Ft450Command(Core& c, bool State::*pending, const QString& text) {
     c.s.*pending = false;
-    if (c.s.RigType != RigFT450 || Busy(c.s) || text.isEmpty()) return;
+    if (c.s.RigType != RigFT450 || text.isEmpty()) return;
     SendText(c, text);
+}
+
+// A request of the DSP panel: refused while transmitting, scanning or sweeping.
+void Ft450Request(Core& c, bool State::*pending, const QString& text) {
+    Ft450Command(c, pending, Busy(c.s) ? QString() : text);
 }
 
 bool IsOn(const Label& l) {
@@ -302,21 +307,21 @@ void Ft450VfoMemory(Core& c) {
 }
 
 void Ft450Attenuator(Core& c) {
-    Ft450Request(c, &State::PendingFT450Att, c.f.lbl450Att.backColour == White ? "RA01;" : "RA00;");
+    Ft450Command(c, &State::PendingFT450Att, c.f.lbl450Att.backColour == White ? "RA01;" : "RA00;");
 }
 
 void Ft450Ipo(Core& c) {
-    Ft450Request(c, &State::PendingFT450Ipo, c.f.lbl450Ipo.backColour == White ? "PA00;" : "PA01;");
+    Ft450Command(c, &State::PendingFT450Ipo, c.f.lbl450Ipo.backColour == White ? "PA00;" : "PA01;");
 }
 
 void Ft450Agc(Core& c) {
     static constexpr const char* kAgc[] = {"GT04;", "GT02;", "GT01;", "GT00;"};
     const int i = c.s.Ft450AgcIndex;
-    Ft450Request(c, &State::PendingFT450AGC, i >= 0 && i < 4 ? kAgc[i] : "");
+    Ft450Command(c, &State::PendingFT450AGC, i >= 0 && i < 4 ? kAgc[i] : "");
 }
 
 void Ft450Tuner(Core& c) {
-    Ft450Request(c, &State::PendingFT450Tuner, c.s.TunerOn ? "AC000;" : "AC001;");
+    Ft450Command(c, &State::PendingFT450Tuner, c.s.TunerOn ? "AC000;" : "AC001;");
 }
 
 void Ft450SqlMode(Core& c) {

@@ -320,13 +320,31 @@ TEST(Ft450Functions, TheDspPanelsRequests) {
     EXPECT_FALSE(w.c.s.PendingFT450NotchFreq);
 }
 
-TEST(Ft450Functions, AreRefusedWhileTransmitting) {
-    Wire w(RigFT450);
-    w.c.s.Transmitting = true;
-    w.c.s.PendingFT450Att = true;
-    Ft450Attenuator(w.c);
-    EXPECT_FALSE(w.c.s.PendingFT450Att);
-    EXPECT_TRUE(w.text().isEmpty());
+// The main window's functions go out on the air and during a scan or a sweep; the tune and
+// the DSP panel's requests do not.
+TEST(Ft450Functions, OnlyTheTuneAndTheDspPanelAreRefusedWhileBusy) {
+    for (bool State::*busy : {&State::Transmitting, &State::ScanRunning, &State::SpectrumRunning}) {
+        Wire w(RigFT450);
+        w.c.s.*busy = true;
+        w.c.f.lbl450Att.backColour = White;
+        w.c.f.lbl450Ipo.backColour = White;
+        w.c.s.Ft450AgcIndex = 3;
+        const std::pair<bool State::*, void (*)(Core&)> requests[] = {
+            {&State::PendingFT450Tune, Ft450Tune},
+            {&State::PendingFT450Tuner, Ft450Tuner},
+            {&State::PendingFT450Att, Ft450Attenuator},
+            {&State::PendingFT450AGC, Ft450Agc},
+            {&State::PendingFT450Ipo, Ft450Ipo},
+            {&State::PendingFT450SqlRf, Ft450SqlMode},
+            {&State::PendingFT450VM, Ft450VfoMemory},
+            {&State::PendingNoiseBlanker, ToggleNoiseBlanker}};
+        for (const auto& [flag, action] : requests) {
+            w.c.s.*flag = true;
+            action(w.c);
+            EXPECT_FALSE(w.c.s.*flag);  // served, whether sent or refused
+        }
+        EXPECT_EQ(w.text(), "AC001;RA01;GT00;PA00;");
+    }
 }
 
 TEST(Ft450Functions, TheSimulatedRigFollows) {
