@@ -3,6 +3,7 @@
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "protocol/model_controls.h"
 #include "protocol/read_frequency.h"
 #include "protocol/read_signal.h"
 #include "protocol/tones.h"
@@ -41,9 +42,9 @@ void ReadFt450Extras(Core& c) {
     if (ask("GT0;", "GT") && at(4) != s.LastAGC) {
         s.LastAGC = at(4);
         for (Label& l : f.lbl450AGC) l.backColour = White;
-        const int member = s.LastAGC.toInt();
-        if (s.LastAGC.size() == 1 && s.LastAGC[0].isDigit() && member < 4)
-            f.lbl450AGC[member].backColour = Green;
+        // Deliberately by the value's command, not by the value: see Ft450AgcMember.
+        const int member = Ft450AgcMember(s.LastAGC);
+        if (member >= 0) f.lbl450AGC[member].backColour = Green;
     }
     if (ask("VS;", "VS")) {
         s.VfoAActive = at(3) == "0";

@@ -314,10 +314,22 @@ void Ft450Ipo(Core& c) {
     Ft450Command(c, &State::PendingFT450Ipo, c.f.lbl450Ipo.backColour == White ? "PA00;" : "PA01;");
 }
 
+namespace {
+// The AGC values of the FT-450, by member of lbl450AGC: Auto, Slow, Fast, Off. The reading lights
+// the member whose command gives the value the rig reports.
+constexpr char kFt450AgcValues[] = "4210";
+}  // namespace
+
+int Ft450AgcMember(const QString& value) {
+    if (value.size() != 1) return -1;
+    return static_cast<int>(QLatin1String(kFt450AgcValues).indexOf(value));
+}
+
 void Ft450Agc(Core& c) {
-    static constexpr const char* kAgc[] = {"GT04;", "GT02;", "GT01;", "GT00;"};
     const int i = c.s.Ft450AgcIndex;
-    Ft450Command(c, &State::PendingFT450AGC, i >= 0 && i < 4 ? kAgc[i] : "");
+    const bool member = i >= 0 && i < 4;
+    Ft450Command(c, &State::PendingFT450AGC,
+                 member ? QString("GT0%1;").arg(kFt450AgcValues[i]) : QString());
 }
 
 void Ft450Tuner(Core& c) {

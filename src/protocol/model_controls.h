@@ -41,6 +41,9 @@ void Ft450VfoMemory(Core& c);
 void Ft450Attenuator(Core& c);
 void Ft450Ipo(Core& c);
 void Ft450Agc(Core& c);
+// The member of lbl450AGC whose command sets the AGC value the FT-450 reports ("GT0" + value):
+// 0 Auto (4), 1 Slow (2), 2 Fast (1), 3 Off (0); -1 for any other value.
+int Ft450AgcMember(const QString& value);
 void Ft450Tuner(Core& c);
 void Ft450SqlMode(Core& c);
 void Ft450NoiseBlanker(Core& c);

@@ -361,6 +361,22 @@ TEST(Ft450Functions, TheSimulatedRigFollows) {
     EXPECT_EQ(st.c.f.lbl450Att.backColour, Green);
 }
 
+// The light that comes on is the one the operator chose, whichever value the rig reports for it.
+TEST(Ft450Functions, TheAgcLightReadBackIsTheOneChosen) {
+    const std::pair<int, int> chosenAndRig[] = {{0, 4}, {1, 2}, {2, 1}, {3, 0}};
+    for (const auto& [chosen, value] : chosenAndRig) {
+        OnAir st(RigFT450);
+        lbl450AGC_Click(st.c, chosen);
+        st.tick();
+        EXPECT_EQ(st.rig().state().agc, value);
+        mnuPollingUpdateNow_Click(st.c);
+        st.tick();
+        for (int member = 0; member < 4; ++member)
+            EXPECT_EQ(st.c.f.lbl450AGC[member].backColour, member == chosen ? Green : White)
+                << "chose " << chosen << ", member " << member;
+    }
+}
+
 TEST(Customise, ShowsTheControlsOfTheRigInUse) {
     Harness h;
     Form1& f = h.c.f;

@@ -325,10 +325,10 @@ TEST(Ft450Extras, EachLightFollowsItsReplyAndAWrongOneIsSkipped) {
     PerformStatusUpdate(h.c);
     EXPECT_EQ(h.c.f.lbl450Tuner.backColour, Green);
     EXPECT_TRUE(h.c.s.TunerOn);
-    EXPECT_EQ(h.c.f.lbl450Att.backColour, Green);  // left as it was
-    EXPECT_EQ(h.c.f.lbl450Ipo.backColour, White);  // "PA01" is IPO off
-    EXPECT_EQ(h.c.f.lbl450AGC[2].backColour, Green);
-    EXPECT_EQ(h.c.f.lbl450AGC[0].backColour, White);
+    EXPECT_EQ(h.c.f.lbl450Att.backColour, Green);     // left as it was
+    EXPECT_EQ(h.c.f.lbl450Ipo.backColour, White);     // "PA01" is IPO off
+    EXPECT_EQ(h.c.f.lbl450AGC[1].backColour, Green);  // GT02 is the command of "AGC Slow"
+    EXPECT_EQ(h.c.f.lbl450AGC[2].backColour, White);
     EXPECT_EQ(h.c.s.LastAGC, "2");
     EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO B");
     EXPECT_EQ(h.c.s.VfoLetter, "B");
