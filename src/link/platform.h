@@ -35,6 +35,9 @@ class SerialPort {
     virtual bool rts() const = 0;  // the state the program last gave the line
     // The availability query: can the port be had now (answered by trying to open it)?
     virtual bool available(const QString& name) = 0;
+    // The device a stored port name stands for: a bare number is the system's n-th port, a
+    // link is the device it leads to. Two names with the same device name the same port.
+    virtual QString deviceName(const QString& name) const = 0;
 };
 
 // Milliseconds since an arbitrary start (timeGetTime), and the wall clock.

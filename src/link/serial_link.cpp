@@ -190,14 +190,16 @@ void OpenPorts(Core& c, const QString& port, const QString& speed) {
     PauseWithEvents(c, 100);
     main.clearInput();
 
-    if (c.s.ExtraPttPortEnabled && c.s.ExtraPttPort == c.s.CommPort) {
+    SerialPort& ptt = *c.p.PttComPort;
+    // The ports are compared by the device they name: "1" and "/dev/ttyS0" are one port.
+    if (c.s.ExtraPttPortEnabled &&
+        ptt.deviceName(c.s.ExtraPttPort) == main.deviceName(c.s.CommPort)) {
         ShowMessage(c, "The Extra PTT port must be different to the main Com port (port " + port +
                            ")\r\nThe Extra PTT port feature has been disabled. Use the Settings "
                            "screen to re-enable.");
         c.s.ExtraPttPortEnabled = false;
         return;
     }
-    SerialPort& ptt = *c.p.PttComPort;
     if (ptt.isOpen()) ptt.close();
     if (!c.s.ExtraPttPortEnabled) return;
     if (!ptt.available(c.s.ExtraPttPort)) {

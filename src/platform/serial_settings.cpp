@@ -1,5 +1,6 @@
 #include "platform/serial_settings.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 namespace veldor {
@@ -30,6 +31,13 @@ QString SystemPortName(const QString& stored) {
 #else
     return QString("/dev/ttyS%1").arg(n - 1);
 #endif
+}
+
+QString DeviceName(const QString& stored) {
+    if (stored.trimmed().compare("SIM", Qt::CaseInsensitive) == 0) return "SIM";
+    const QString name = SystemPortName(stored.trimmed());
+    const QString device = QFileInfo(name).canonicalFilePath();  // empty when it does not exist
+    return device.isEmpty() ? name : device;
 }
 
 }  // namespace veldor

@@ -20,4 +20,8 @@ std::optional<SerialSettings> ParseSerialSettings(const QString& text);
 // The system name of a stored port: a bare number n is the n-th serial port of the system.
 QString SystemPortName(const QString& stored);
 
+// The device a stored port name stands for: "SIM" in any case, or the system name with the
+// links it goes through resolved, so that "1", "/dev/ttyS0" and a link to it are one device.
+QString DeviceName(const QString& stored);
+
 }  // namespace veldor

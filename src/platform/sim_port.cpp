@@ -82,4 +82,8 @@ bool SimPort::available(const QString&) {
     return true;
 }
 
+QString SimPort::deviceName(const QString& name) const {
+    return DeviceName(name);
+}
+
 }  // namespace veldor

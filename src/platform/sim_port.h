@@ -27,6 +27,7 @@ class SimPort : public SerialPort {
     void setRts(bool on) override;
     void setDtr(bool on) override;
     bool available(const QString& name) override;
+    QString deviceName(const QString& name) const override;
 
     // The rig behind the port; it lives on across a reopening, as a real rig does.
     // Made on first use, for the rig type of the moment.

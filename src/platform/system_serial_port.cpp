@@ -152,4 +152,8 @@ bool SystemSerialPort::available(const QString& name) {
     return true;
 }
 
+QString SystemSerialPort::deviceName(const QString& name) const {
+    return DeviceName(name);
+}
+
 }  // namespace veldor

@@ -28,6 +28,7 @@ class SystemSerialPort : public SerialPort {
     void setDtr(bool on) override;
     bool rts() const override { return rts_; }
     bool available(const QString& name) override;
+    QString deviceName(const QString& name) const override;
 
   private:
     bool usingSim() const { return usingSim_; }

@@ -296,6 +296,23 @@ TEST_F(Link, AnExtraPttPortOnTheMainPortIsDisabledForTheRun) {
     EXPECT_EQ(h.stored("Settings", "ExtraPttPortEnabled"), "<missing>");
 }
 
+TEST(ExtraPttPort, IsComparedWithTheMainPortByTheDeviceTheyName) {
+    const std::tuple<const char*, const char*, bool> cases[] = {{"1", "/dev/ttyS0", true},
+                                                                {"/dev/ttyS1", "2", true},
+                                                                {"sim", "SIM", true},
+                                                                {"1", "2", false},
+                                                                {"/dev/ttyS0", "2", false}};
+    for (const auto& [main, extra, same] : cases) {
+        Harness h(true);
+        h.c.s.RigType = RigFT817;
+        h.c.s.ExtraPttPortEnabled = true;
+        h.c.s.ExtraPttPort = extra;
+        OpenPorts(h.c, main, "4800,N,8,2");
+        EXPECT_EQ(h.c.s.ExtraPttPortEnabled, !same) << main << " " << extra;
+        EXPECT_EQ(h.pttPort.isOpen(), !same) << main << " " << extra;
+    }
+}
+
 TEST_F(Link, AnExtraPttPortThatCannotBeHadGivesItsMessage) {
     h.c.s.ExtraPttPortEnabled = true;
     h.c.s.ExtraPttPort = "3";

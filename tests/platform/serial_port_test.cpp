@@ -10,6 +10,8 @@
 #include <pty.h>
 #include <unistd.h>
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QThread>
 
 namespace veldor::test {
@@ -53,6 +55,15 @@ TEST(PortNames, ANumberIsTheSystemsNthPort) {
     EXPECT_EQ(SystemPortName("/dev/ttyUSB0"), "/dev/ttyUSB0");
     EXPECT_EQ(SystemPortName("SIM"), "SIM");
     EXPECT_EQ(SystemPortName("0"), "0");
+}
+
+TEST(PortNames, ALinkNamesTheDeviceItLeadsTo) {
+    QTemporaryDir dir;
+    const QString link = dir.filePath("ttyRig");
+    ASSERT_TRUE(QFile::link("/dev/null", link));
+    EXPECT_EQ(DeviceName(link), DeviceName("/dev/null"));
+    EXPECT_EQ(DeviceName("1"), "/dev/ttyS0");
+    EXPECT_EQ(DeviceName(" sim "), "SIM");
 }
 
 TEST(SystemPort, AMissingDeviceFailsWithTheSystemsReason) {

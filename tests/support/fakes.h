@@ -4,6 +4,7 @@
 
 #include "link/core.h"
 #include "platform/ini_store.h"
+#include "platform/serial_settings.h"
 #include "platform/sim_port.h"
 
 #include <QTemporaryDir>
@@ -134,6 +135,7 @@ class ScriptedPort : public SerialPort {
     void setDtr(bool on) override { dtrLine = on; }
     bool rts() const override { return rtsLine; }
     bool available(const QString&) override { return availableAnswer; }
+    QString deviceName(const QString& name) const override { return DeviceName(name); }
 
   private:
     void take();
