@@ -61,8 +61,9 @@ QString Hz(int32_t tensOfHz) {
 
 }  // namespace
 
-bool RigHasTwoVfos(const QString& rig) {
-    return IsAckFamily(rig) || rig == RigFT450 || rig == RigFT920 || rig == RigFT1000MP;
+bool RigTogglesVfo(const QString& rig) {
+    // The FT-920's and FT-1000MP's toggle always selects the same VFO and notes VFO A.
+    return IsAckFamily(rig) || rig == RigFT450;
 }
 
 bool HamlibModeOf(const QString& mode, HamlibMode* out) {

@@ -38,8 +38,9 @@ QString ModeForHamlib(const Core& c, const QString& name, int passband);
 // two steps an S unit of 6 dB up to S9 at 18, then 20 dB for every four steps.
 int StrengthOfMeter(int value);
 
-// Rigs on which the program can choose either VFO.
-bool RigHasTwoVfos(const QString& rig);
+// Rigs whose VFO toggle takes them to the other VFO and back, with the program knowing which
+// one is in use: the FT-817, FT-857 and FT-897 families and the FT-450.
+bool RigTogglesVfo(const QString& rig);
 
 // Hamlib's VFO names ("VFOA", "Main", "currVFO", ...) as "A" or "B"; empty for none.
 QString VfoLetterOf(const Core& c, const QString& name);

@@ -120,11 +120,13 @@ Outcome SetVfo(Core& c, const QStringList& args) {
     if (const int gate = TuneGate(c)) return Code(gate);
     const QString current = c.s.VfoAActive ? "A" : "B";
     if (letter == current) return Code(RigctlOk);
-    if (!RigHasTwoVfos(c.s.RigType)) return Code(RigctlNotAvailable);
-    c.s.VfoRequest = letter;
-    c.s.PendingVfoSelect = true;
+    // Deliberately the rig's VFO toggle, not SelectVfo: on the FT-817, FT-857 and FT-897 that
+    // rewrites a byte of the rig's memory, and a client may choose the VFO at every
+    // connection. A client's choice never writes the rig's memory.
+    if (!RigTogglesVfo(c.s.RigType)) return Code(RigctlNotAvailable);
+    c.s.PendingVfoToggle = true;
     // The other VFO's frequency and mode are known once the tick after has read them.
-    Outcome o = Wait(&State::PendingVfoSelect);
+    Outcome o = Wait(&State::PendingVfoToggle);
     o.thenReading = true;
     return o;
 }

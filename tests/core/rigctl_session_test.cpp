@@ -1,8 +1,8 @@
 // Rig sharing: a client's lines in, Hamlib's replies out, on virtual time and the simulated
 // rig. Reads must cost the rig nothing; writes go through the tick and are answered after it.
 #include "sharing/rigctl_session.h"
-#include "link/catalogue.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "sharing/hamlib_terms.h"
 #include "support/fakes.h"
 
@@ -202,6 +202,8 @@ TEST(RigctlWrites, AreRefusedWhereTheProgramRefusesAClick) {
         {"FRG100", "T 1", RigctlNotAvailable, enabled},
         {"FT450", "S 1 VFOB", RigctlNotAvailable, nullptr},  // no split on the FT-450 here
         {"FT847", "V VFOB", RigctlNotAvailable, nullptr},
+        {"FT1000MP", "V VFOB", RigctlNotAvailable, nullptr},  // its toggle cannot come back
+        {"FT920", "V VFOB", RigctlNotAvailable, nullptr},
         {"FT817", "V VFOZ", RigctlInvalid, nullptr},
         {"FT817", "S 2 VFOB", RigctlInvalid, nullptr},
         {"FT817", "I 7074000", RigctlNotAvailable, nullptr},
@@ -270,6 +272,26 @@ TEST(RigctlWrites, SplitAndVfoFollowTheirControls) {
     EXPECT_EQ(ft450.rig().state().frequencyHz, 7050000);
     EXPECT_EQ(ft450.say("v\n"), "VFOB\n");
     EXPECT_EQ(ft450.say("V VFOB\n"), "RPRT 0\n");
+}
+
+// A client may choose the VFO at every connection: the rig's toggle goes out, never a write
+// of the rig's memory.
+TEST(RigctlWrites, AClientsVfoChoiceTogglesTheRigAndNeverWritesItsMemory) {
+    for (const QString& rig : {RigFT817, RigFT857D, RigFT897}) {
+        Shared st(rig);
+        st.c.s.PollingDelay = 0;
+        for (const char* vfo : {"VFOB", "VFOA"}) {
+            st.rig().clearTrace();
+            EXPECT_EQ(st.say(QByteArray("V ") + vfo + "\n"), "");
+            EXPECT_EQ(st.afterTick() + st.afterTick(), "RPRT 0\n") << rig.toStdString();
+            EXPECT_EQ(st.rig().state().vfoB, vfo == QByteArray("VFOB")) << rig.toStdString();
+            EXPECT_EQ(st.say("v\n"), QByteArray(vfo) + "\n");
+            const QByteArray sent = st.rigReceived();
+            EXPECT_EQ(sent.count(QByteArray::fromHex("0000000081")), 1) << rig.toStdString();
+            for (qsizetype i = 4; i < sent.size(); i += 5)
+                EXPECT_NE(static_cast<uint8_t>(sent[i]), 0xBC) << rig.toStdString();
+        }
+    }
 }
 
 TEST(RigctlWrites, AWriteTheTickCannotServeIsAnsweredWithItsError) {
