@@ -15,10 +15,12 @@ bool Busy(const State& s) {
 
 namespace {
 
-// A memory byte changed by read, modify and write on the FT-857 and FT-897. The request
-// stays raised when the read times out, so that the next tick tries again after the link is
-// recovered.
-void ToggleInMemory(Core& c, bool State::*pending, uint16_t address,
+// A memory byte changed by read, modify and write on the FT-857 and FT-897: the pair at
+// address is read, the byte at address (first) or address + 1 (second) changed, and both
+// written back, the other as read. The request stays raised when the read times out, so that
+// the next tick tries again after the link is recovered.
+enum class Byte { First, Second };
+void ToggleInMemory(Core& c, bool State::*pending, uint16_t address, Byte which,
                     CommandButton Form1::*ft857Button, CommandButton Form1::*ft897Button,
                     uint8_t (*change)(uint8_t b, bool green, bool ft897)) {
     State& s = c.s;
@@ -31,11 +33,12 @@ void ToggleInMemory(Core& c, bool State::*pending, uint16_t address,
     ReadEeprom(c, address);
     if (s.ReplyTimedOut) return;
     s.*pending = false;
-    const uint8_t first = ReplyByte(c, 0);
-    const uint8_t second = ReplyByte(c, 1);
+    uint8_t pair[2] = {ReplyByte(c, 0), ReplyByte(c, 1)};
     const bool ft897 = IsFt897(rig);
     const bool green = (c.f.*(ft897 ? ft897Button : ft857Button)).backColour == Green;
-    WriteEeprom(c, address, change(first, green, ft897), second);
+    uint8_t& b = pair[which == Byte::First ? 0 : 1];
+    b = change(b, green, ft897);
+    WriteEeprom(c, address, pair[0], pair[1]);
     ReadResponse(c, 1);
 }
 
@@ -87,39 +90,42 @@ void WriteEeprom(Core& c, uint16_t address, uint8_t first, uint8_t second) {
     SendCommand(c, 0xBC);
 }
 
+// Deliberately bit 0x02 of the second byte at 0xA8, the bit the processor light reads: the same
+// bit of the first byte is the FT-857's DNR, which a click on PROC would otherwise switch.
 void ToggleProcessor(Core& c) {
-    ToggleInMemory(
-        c, &State::PendingProcessor, 0xA8, &Form1::cmdFT857Processor, &Form1::cmdFT897Processor,
-        [](uint8_t b, bool green, bool) -> uint8_t { return green ? b & 0xCD : b | 0x02; });
+    ToggleInMemory(c, &State::PendingProcessor, 0xA8, Byte::Second, &Form1::cmdFT857Processor,
+                   &Form1::cmdFT897Processor, [](uint8_t b, bool green, bool) -> uint8_t {
+                       return green ? b & 0xFD : b | 0x02;
+                   });
 }
 
 void ToggleNoiseBlanker(Core& c) {
     if (c.s.RigType == RigFT450) return Ft450NoiseBlanker(c);
-    ToggleInMemory(c, &State::PendingNoiseBlanker, 0x6A, &Form1::cmdFT857NoiseBlanker,
+    ToggleInMemory(c, &State::PendingNoiseBlanker, 0x6A, Byte::First, &Form1::cmdFT857NoiseBlanker,
                    &Form1::cmdFT897NoiseBlanker, [](uint8_t b, bool green, bool) -> uint8_t {
                        return green ? b & 0xDF : b | 0x20;
                    });
 }
 
 void ToggleDNF(Core& c) {
-    ToggleInMemory(c, &State::PendingDNF, 0xA8, &Form1::cmdFT857DNF, &Form1::cmdFT897DNF,
-                   [](uint8_t b, bool green, bool ft897) -> uint8_t {
+    ToggleInMemory(c, &State::PendingDNF, 0xA8, Byte::First, &Form1::cmdFT857DNF,
+                   &Form1::cmdFT897DNF, [](uint8_t b, bool green, bool ft897) -> uint8_t {
                        if (ft897) return Ft897Dsp(b, green, 0xFE, 0x11);
                        return green ? b & 0xFE : b | 0x01;
                    });
 }
 
 void ToggleDNR(Core& c) {
-    ToggleInMemory(c, &State::PendingDNR, 0xA8, &Form1::cmdFT857DNR, &Form1::cmdFT897DNR,
-                   [](uint8_t b, bool green, bool ft897) -> uint8_t {
+    ToggleInMemory(c, &State::PendingDNR, 0xA8, Byte::First, &Form1::cmdFT857DNR,
+                   &Form1::cmdFT897DNR, [](uint8_t b, bool green, bool ft897) -> uint8_t {
                        if (ft897) return Ft897Dsp(b, green, 0xFD, 0x12);
                        return green ? b & 0xFD : b | 0x02;
                    });
 }
 
 void ToggleDBF(Core& c) {
-    ToggleInMemory(c, &State::PendingDBF, 0xA8, &Form1::cmdFT857DBF, &Form1::cmdFT897DBF,
-                   [](uint8_t b, bool green, bool ft897) -> uint8_t {
+    ToggleInMemory(c, &State::PendingDBF, 0xA8, Byte::First, &Form1::cmdFT857DBF,
+                   &Form1::cmdFT897DBF, [](uint8_t b, bool green, bool ft897) -> uint8_t {
                        if (ft897) return Ft897Dsp(b, green, 0xF3, 0x1C);
                        return green ? b & 0xF3 : b | 0x0C;
                    });
@@ -128,13 +134,13 @@ void ToggleDBF(Core& c) {
 // Lock and Fast are the other way round: the green button sets the bit.
 void ToggleLock(Core& c) {
     ToggleInMemory(
-        c, &State::PendingLock, 0x6A, &Form1::cmdFT857Lock, &Form1::cmdFT897Lock,
+        c, &State::PendingLock, 0x6A, Byte::First, &Form1::cmdFT857Lock, &Form1::cmdFT897Lock,
         [](uint8_t b, bool green, bool) -> uint8_t { return green ? b | 0x40 : b & 0xBF; });
 }
 
 void ToggleFast(Core& c) {
     ToggleInMemory(
-        c, &State::PendingFast, 0x6A, &Form1::cmdFT857Fast, &Form1::cmdFT897Fast,
+        c, &State::PendingFast, 0x6A, Byte::First, &Form1::cmdFT857Fast, &Form1::cmdFT897Fast,
         [](uint8_t b, bool green, bool) -> uint8_t { return green ? b | 0x80 : b & 0x7F; });
 }
 

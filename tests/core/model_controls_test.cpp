@@ -16,7 +16,7 @@ struct ToggleCase {
     const char* rig;
     void (*click)(Core&);
     CommandButton Form1::*button;
-    int address;
+    int address;  // of the byte changed; the other byte of its pair is the neighbour
     uint8_t before;
     bool green;
     uint8_t after;
@@ -24,8 +24,11 @@ struct ToggleCase {
 
 TEST(MemoryToggles, ReadModifyAndWriteTheByteKeepingItsNeighbour) {
     const ToggleCase cases[] = {
-        {"FT857", cmdFT857Processor_Click, &Form1::cmdFT857Processor, 0xA8, 0x00, false, 0x02},
-        {"FT857", cmdFT857Processor_Click, &Form1::cmdFT857Processor, 0xA8, 0xFF, true, 0xCD},
+        // The processor's bit is the one its light reads, in the second byte: the same bit of
+        // the first byte is the FT-857's DNR.
+        {"FT857", cmdFT857Processor_Click, &Form1::cmdFT857Processor, 0xA9, 0x00, false, 0x02},
+        {"FT857", cmdFT857Processor_Click, &Form1::cmdFT857Processor, 0xA9, 0xFF, true, 0xFD},
+        {"FT897D", cmdFT897Processor_Click, &Form1::cmdFT897Processor, 0xA9, 0x10, false, 0x12},
         {"FT857D", cmdFT857NoiseBlanker_Click, &Form1::cmdFT857NoiseBlanker, 0x6A, 0x01, false,
          0x21},
         {"FT857", cmdFT857DNF_Click, &Form1::cmdFT857DNF, 0xA8, 0x00, false, 0x01},
@@ -44,15 +47,26 @@ TEST(MemoryToggles, ReadModifyAndWriteTheByteKeepingItsNeighbour) {
     };
     for (const ToggleCase& t : cases) {
         OnAir st(t.rig);
+        const int neighbour = t.address ^ 1;
         st.memory(t.address) = t.before;
-        st.memory(t.address + 1) = 0x5A;
+        st.memory(neighbour) = 0x5A;
         (st.c.f.*(t.button)).backColour = t.green ? Green : ButtonFace;
         t.click(st.c);
         EXPECT_TRUE(st.rigReceived().isEmpty());
         st.tick();
         EXPECT_EQ(st.memory(t.address), t.after) << t.rig << " " << std::hex << t.address;
-        EXPECT_EQ(st.memory(t.address + 1), 0x5A) << t.rig;
+        EXPECT_EQ(st.memory(neighbour), 0x5A) << t.rig << " " << std::hex << t.address;
     }
+}
+
+TEST(MemoryToggles, AClickOnProcessorLightsTheProcessorAndLeavesTheDnr) {
+    OnAir st(RigFT857);
+    cmdFT857Processor_Click(st.c);
+    st.tick();
+    mnuPollingUpdateNow_Click(st.c);
+    st.tick();
+    EXPECT_EQ(st.c.f.cmdFT857Processor.backColour, Green);
+    EXPECT_EQ(st.c.f.cmdFT857DNR.backColour, ButtonFace);
 }
 
 TEST(MemoryToggles, TwoClicksBetweenTicksGiveOneCommand) {
@@ -77,7 +91,7 @@ TEST(MemoryToggles, ATimedOutReadWritesNothingAndTriesAgain) {
     st.rig().clearTrace();
     st.tick();
     EXPECT_FALSE(st.c.s.PendingProcessor);
-    EXPECT_EQ(st.memory(0xA8), 0x02);
+    EXPECT_EQ(st.memory(0xA9), 0x02);
 }
 
 TEST(MemoryToggles, OtherRigsClearTheRequestAndSendNothing) {
