@@ -79,6 +79,15 @@ void SwitchPtt(Core& c, bool on) {
     (on ? s.PttOnPending : s.PttOffPending) = false;
 }
 
+// The lines of the TX/RX button when it works only lines: the extra PTT port's, or else RTS of
+// the rig's port.
+void KeyLines(Core& c, bool on) {
+    if (c.s.ExtraPttPortEnabled)
+        SetExtraPtt(c, on);
+    else
+        c.p.MSComm1->setRts(on);
+}
+
 }  // namespace
 
 void PttOn(Core& c) {
@@ -90,7 +99,10 @@ void PttOff(Core& c) {
 }
 
 bool PttKeyed(const Core& c) {
-    return c.s.TXRXcontrolsRTS == "Y" ? c.p.MSComm1->rts() : c.s.Transmitting;
+    // Deliberately the button's own state when it works only lines, not the RTS line of the
+    // rig's port: with the extra PTT port that line never changes, and the button could never
+    // unkey. The button unkeys what it keyed, whatever became of the lines meanwhile.
+    return c.s.TXRXcontrolsRTS == "Y" ? c.f.cmdTxRx.pressed : c.s.Transmitting;
 }
 
 void cmdTxRx_Click(Core& c) {
@@ -106,10 +118,7 @@ void cmdTxRx_Click(Core& c) {
     }
     if (s.TXRXcontrolsRTS == "Y") {
         // Only the line: the rig is keyed by RTS, and Transmitting stays as it was.
-        if (s.ExtraPttPortEnabled)
-            SetExtraPtt(c, !toReceive);
-        else
-            c.p.MSComm1->setRts(!toReceive);
+        KeyLines(c, !toReceive);
         return;
     }
     if (toReceive)
@@ -126,6 +135,12 @@ void chkTransmitEnable_Click(Core& c) {
     f.cmd450Tune.enabled = enabled;
     ShowReceive(f.cmdTxRx);
     c.s.PttOffPending = true;
+    // Deliberately the lines as well: the CAT switch alone would leave a rig keyed by a line
+    // on the air, with its button dead.
+    if (c.s.TXRXcontrolsRTS == "Y")
+        KeyLines(c, false);
+    else if (c.s.ExtraPttPortEnabled)
+        SetExtraPtt(c, false);
 }
 
 void SetExtraPtt(Core& c, bool state) {

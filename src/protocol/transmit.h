@@ -6,8 +6,8 @@
 
 namespace veldor {
 
-// Whether the TX/RX button has the rig keyed: by the RTS line when the button works only
-// that line, else by the CAT switch.
+// Whether the TX/RX button has the rig keyed: by its own state when the button works only
+// lines, else by the CAT switch.
 bool PttKeyed(const Core& c);
 void cmdTxRx_Click(Core& c);
 void chkTransmitEnable_Click(Core& c);

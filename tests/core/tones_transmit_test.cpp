@@ -368,6 +368,48 @@ TEST(TxRxButton, TheExtraPortSwitchesAtOnce) {
     EXPECT_FALSE(r.scriptedPort->rtsLine);
 }
 
+// What is keyed: the rig by CAT, the RTS line of the rig's port, the extra PTT port's line.
+struct Keyed {
+    bool cat, rts, extra;
+    bool operator==(const Keyed&) const = default;
+};
+
+// Each route keys, unkeys and keys again, one click each, and nothing else is ever keyed; a
+// change of TX enable unkeys it.
+TEST(TxRxButton, UnkeysWhatItKeyedOnEachRoute) {
+    struct Route {
+        const char* name;
+        const char* rtsOnly;
+        bool extraPort;
+        Keyed keyed;
+    };
+    const Route routes[] = {{"CAT", "N", false, {true, false, false}},
+                            {"RTS of the rig's port", "Y", false, {false, true, false}},
+                            {"extra PTT port", "Y", true, {false, false, true}}};
+    for (const Route& r : routes) {
+        OnAir st(RigFT817);
+        st.c.s.TXRXcontrolsRTS = r.rtsOnly;
+        st.c.s.ExtraPttPortEnabled = r.extraPort;
+        st.c.s.ExtraPttPortPins = 1;
+        st.c.f.chkTransmitEnable.value = 1;
+        chkTransmitEnable_Click(st.c);
+        st.tick();
+        auto now = [&st] {
+            return Keyed{st.rig().state().ptt, st.c.p.MSComm1->rts(), st.pttPort.rtsLine};
+        };
+        for (const bool keyed : {true, false, true}) {
+            cmdTxRx_Click(st.c);
+            st.tick();
+            EXPECT_EQ(now(), keyed ? r.keyed : Keyed{}) << r.name << (keyed ? " keyed" : "");
+            EXPECT_EQ(st.c.f.cmdTxRx.caption, keyed ? "TX/rx" : "tx/RX") << r.name;
+        }
+        st.c.f.chkTransmitEnable.value = 0;
+        chkTransmitEnable_Click(st.c);
+        st.tick();
+        EXPECT_EQ(now(), Keyed{}) << r.name << ", TX enable off";
+    }
+}
+
 TEST(TxRxButton, AReceiverGetsNoBytesThoughTheButtonChanges) {
     Station st(RigVR5000);
     st.load();
