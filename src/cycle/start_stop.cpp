@@ -210,6 +210,10 @@ void Form_Unload(Core& c) {
     ReleaseControl(c);
     if (c.p.MSComm1->isOpen()) c.p.MSComm1->close();
     if (c.p.PttComPort->isOpen()) c.p.PttComPort->close();
+    // The process ends once the event loop is reached again. A tick whose wait this unloading
+    // came in goes on until then, and must find the link off: its read ends as a timeout, and
+    // the recovery would otherwise open the port and take the rig again.
+    c.f.chkOnOff.value = 0;
     if (s.RigType != RigNotSet) SaveSettingsKey(c, "RigType", s.RigType);
     SaveSettingsKey(c, "ScreenSize", s.ScreenSize);
     SaveSettingsKey(c, "RescaleFonts", s.RescaleFonts);

@@ -292,6 +292,20 @@ TEST(Unload, ReleasesTheRigAndSavesWhatIsSavedOnlyAtTheEnd) {
     EXPECT_TRUE(st.system.ended);
 }
 
+// The program's end may come in a wait of the tick's reading; the rest of that tick must not
+// take the rig again.
+TEST(Unload, InTheMiddleOfAReadingLeavesTheRigReleased) {
+    Station st(RigFT847);
+    st.load();
+    st.switchOn();
+    st.pump.at(st.clock.now + 10, [&st] { Form_Unload(st.c); });
+    tmrPollInterval_Timer(st.c);
+    EXPECT_TRUE(st.system.ended);
+    EXPECT_FALSE(st.rig().state().catOn);
+    EXPECT_FALSE(st.c.p.MSComm1->isOpen());
+    EXPECT_EQ(st.stored("CurrentValues", "Status"), "InActive");
+}
+
 TEST(Unload, DoesNothingWhileTransmitting) {
     Station st(RigFT847);
     st.load();
