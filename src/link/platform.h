@@ -14,15 +14,24 @@
 
 namespace veldor {
 
+// The states RTS and DTR take when a port opens.
+struct PortLines {
+    bool rts = false;
+    bool dtr = false;
+};
+
 // A serial port as the link uses it: settings text ("4800,N,8,2"), an input buffer that is
 // polled (never event driven), RTS and DTR lines, and RTS/CTS handshaking.
 class SerialPort {
   public:
     virtual ~SerialPort() = default;
-    // Opens the named port ("SIM", "/dev/ttyUSB0", ...). On failure returns false and puts the
-    // system's own reason in *reason.
+    // Opens the named port ("SIM", "/dev/ttyUSB0", ...) with its lines as given, set as early
+    // as the system allows: a line that keys a rig must not key it for the moment of opening.
+    // A port already open on the same device is restarted in place (input and output emptied,
+    // settings and lines applied) without letting the device go, so its lines never move. On
+    // failure returns false, the port closed, and puts the system's own reason in *reason.
     virtual bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
-                      QString* reason) = 0;
+                      PortLines lines, QString* reason) = 0;
     virtual void close() = 0;
     virtual bool isOpen() const = 0;
     virtual int inBufferCount() = 0;
@@ -33,8 +42,6 @@ class SerialPort {
     virtual void setRts(bool on) = 0;
     virtual void setDtr(bool on) = 0;
     virtual bool rts() const = 0;  // the state the program last gave the line
-    // The availability query: can the port be had now (answered by trying to open it)?
-    virtual bool available(const QString& name) = 0;
     // The device a stored port name stands for: a bare number is the system's n-th port, a
     // link is the device it leads to. Two names with the same device name the same port.
     virtual QString deviceName(const QString& name) const = 0;

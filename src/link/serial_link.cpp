@@ -170,19 +170,20 @@ bool ReceiveData(Core& c) {
     }
 }
 
+// Deliberately, a port is not closed before it is opened again: open() restarts a port that is
+// open on the same device in place, so that the recovery after a lost reply, which reopens at
+// every tick while the link is dead, never lets the lines go up. For the same reason the extra
+// PTT port is opened once, without a trial opening to ask whether it can be had.
 void OpenPorts(Core& c, const QString& port, const QString& speed) {
     SerialPort& main = *c.p.MSComm1;
-    if (main.isOpen()) main.close();
     c.s.CommPort = port;
     bool rtsCts = false;
     if (c.s.RigType == RigFT450) {
         rtsCts = true;
         c.s.RaiseRTS = "Y";
     }
-    main.setRts(c.s.RaiseRTS == "Y");
-    main.setDtr(c.s.RaiseDTR == "Y");
     QString reason;
-    if (!main.open(port, speed, rtsCts, &reason)) {
+    if (!main.open(port, speed, rtsCts, {c.s.RaiseRTS == "Y", c.s.RaiseDTR == "Y"}, &reason)) {
         ReportMessage(c, "COM Port " + port + ": " + reason);
         ShowMessage(c, PortUnavailableText("COM Port ", port));
         return;
@@ -200,14 +201,15 @@ void OpenPorts(Core& c, const QString& port, const QString& speed) {
         c.s.ExtraPttPortEnabled = false;
         return;
     }
-    if (ptt.isOpen()) ptt.close();
-    if (!c.s.ExtraPttPortEnabled) return;
-    if (!ptt.available(c.s.ExtraPttPort)) {
-        ShowMessage(c, PortUnavailableText("PTT COM Port ", c.s.ExtraPttPort));
+    if (!c.s.ExtraPttPortEnabled) {
+        if (ptt.isOpen()) ptt.close();
         return;
     }
-    if (!ptt.open(c.s.ExtraPttPort, speed, false, &reason))
+    // At rest: the PTT lines are low until the TX/RX button keys them.
+    if (!ptt.open(c.s.ExtraPttPort, speed, false, {}, &reason)) {
         ReportMessage(c, "PTT COM Port " + c.s.ExtraPttPort + ": " + reason);
+        ShowMessage(c, PortUnavailableText("PTT COM Port ", c.s.ExtraPttPort));
+    }
 }
 
 void PutBcdDigits(Core& c, int32_t value) {

@@ -17,7 +17,11 @@ bool SimPort::gone() {
     return !open_;
 }
 
-bool SimPort::open(const QString&, const QString& settings, bool, QString* reason) {
+bool SimPort::open(const QString&, const QString& settings, bool, PortLines lines,
+                   QString* reason) {
+    open_ = false;
+    rts_ = lines.rts;
+    dtr_ = lines.dtr;
     const auto line = ParseSerialSettings(settings);
     if (!line) {
         if (reason) *reason = "Invalid serial settings \"" + settings + "\"";
@@ -78,10 +82,6 @@ void SimPort::setRts(bool on) {
 void SimPort::setDtr(bool on) {
     dtr_ = on;
 }
-bool SimPort::available(const QString&) {
-    return true;
-}
-
 QString SimPort::deviceName(const QString& name) const {
     return DeviceName(name);
 }

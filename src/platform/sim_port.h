@@ -15,7 +15,7 @@ class SimPort : public SerialPort {
     // rigType tells which rig to simulate when the port opens.
     SimPort(Clock& clock, std::function<QString()> rigType);
 
-    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake, PortLines lines,
               QString* reason) override;
     void close() override;
     bool isOpen() const override;
@@ -26,7 +26,6 @@ class SimPort : public SerialPort {
     int outBufferCount() override;
     void setRts(bool on) override;
     void setDtr(bool on) override;
-    bool available(const QString& name) override;
     QString deviceName(const QString& name) const override;
 
     // The rig behind the port; it lives on across a reopening, as a real rig does.

@@ -2,39 +2,84 @@
 
 #include "platform/serial_settings.h"
 
-#include <QFileInfo>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
 
 namespace veldor {
 
 namespace {
 
-QSerialPort::Parity ToParity(QChar p) {
-    switch (p.toLatin1()) {
-        case 'E':
-            return QSerialPort::EvenParity;
-        case 'O':
-            return QSerialPort::OddParity;
-        case 'M':
-            return QSerialPort::MarkParity;
-        case 'S':
-            return QSerialPort::SpaceParity;
-        default:
-            return QSerialPort::NoParity;
+bool SpeedOf(int baud, speed_t* speed) {
+    static constexpr std::pair<int, speed_t> kSpeeds[] = {
+        {300, B300},     {600, B600},       {1200, B1200},    {2400, B2400},
+        {4800, B4800},   {9600, B9600},     {19200, B19200},  {38400, B38400},
+        {57600, B57600}, {115200, B115200}, {230400, B230400}};
+    for (const auto& [value, code] : kSpeeds) {
+        if (value != baud) continue;
+        *speed = code;
+        return true;
     }
+    return false;
+}
+
+// Raw bytes in the form of the settings text. HUPCL: the last close of the device drops both
+// lines, so a rig keyed by a line is let go when the program lets the port go, also when the
+// program ends without warning. VMIN 1 with a non-blocking descriptor: a read with nothing
+// there fails with EAGAIN, and a read of nothing means the device hung up.
+bool Configure(int fd, const SerialSettings& line, bool rtsCts, QString* reason) {
+    speed_t speed = B0;
+    if (!SpeedOf(line.baud, &speed)) {
+        if (reason) *reason = QString("The speed %1 is not supported").arg(line.baud);
+        return false;
+    }
+    termios tio{};
+    if (::tcgetattr(fd, &tio) != 0) return false;
+    ::cfmakeraw(&tio);
+    tio.c_iflag &= ~static_cast<tcflag_t>(IXOFF | IXANY);
+    tio.c_iflag |= IGNPAR;
+    tio.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB | PARODD | CMSPAR | CSTOPB | CRTSCTS);
+    static constexpr tcflag_t kSizes[] = {CS5, CS6, CS7, CS8};
+    tio.c_cflag |= CREAD | CLOCAL | HUPCL | kSizes[line.dataBits - 5];
+    switch (line.parity.toLatin1()) {
+        case 'E':
+            tio.c_cflag |= PARENB;
+            break;
+        case 'O':
+            tio.c_cflag |= PARENB | PARODD;
+            break;
+        case 'M':
+            tio.c_cflag |= PARENB | CMSPAR | PARODD;
+            break;
+        case 'S':
+            tio.c_cflag |= PARENB | CMSPAR;
+            break;
+        default:
+            break;
+    }
+    if (line.stopBits == 2) tio.c_cflag |= CSTOPB;
+    if (rtsCts) tio.c_cflag |= CRTSCTS;
+    tio.c_cc[VMIN] = 1;
+    tio.c_cc[VTIME] = 0;
+    return ::cfsetispeed(&tio, speed) == 0 && ::cfsetospeed(&tio, speed) == 0 &&
+           ::tcsetattr(fd, TCSANOW, &tio) == 0;
 }
 
 // The system's reason, with a hint where the usual cure is known.
-QString Reason(QSerialPort& port, const QString& systemName) {
-    QString reason = port.errorString();
-    if (port.error() == QSerialPort::PermissionError) {
-#ifdef Q_OS_LINUX
-        reason += " (access to " + systemName +
+QString Reason(int error, const QString& device) {
+    QString reason = qt_error_string(error);
+    if (error == EACCES)
+        reason += " (access to " + device +
                   " is denied: add your user to the group that owns it, usually dialout, "
                   "then log in again)";
-#endif
-    } else if (port.error() == QSerialPort::DeviceNotFoundError) {
-        reason += " (" + systemName + " does not exist)";
-    }
+    else if (error == ENOENT)
+        reason += " (" + device + " does not exist)";
+    else if (error == EBUSY)
+        reason += " (" + device + " is in use by another program)";
     return reason;
 }
 
@@ -43,113 +88,172 @@ QString Reason(QSerialPort& port, const QString& systemName) {
 SystemSerialPort::SystemSerialPort(Clock& clock, std::function<QString()> rigType)
     : sim_(clock, std::move(rigType)) {}
 
-bool SystemSerialPort::open(const QString& name, const QString& settings, bool rtsCtsHandshake,
-                            QString* reason) {
+SystemSerialPort::~SystemSerialPort() {
     close();
-    usingSim_ = name.compare("SIM", Qt::CaseInsensitive) == 0;
-    if (usingSim_) return sim_.open(name, settings, rtsCtsHandshake, reason);
+}
 
+bool SystemSerialPort::open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+                            PortLines lines, QString* reason) {
+    rts_ = lines.rts;
+    dtr_ = lines.dtr;
+    if (name.trimmed().compare("SIM", Qt::CaseInsensitive) == 0) {
+        close();
+        usingSim_ = true;
+        return sim_.open(name, settings, rtsCtsHandshake, lines, reason);
+    }
+    sim_.close();
+    usingSim_ = false;
     const auto line = ParseSerialSettings(settings);
     if (!line) {
         if (reason) *reason = "Invalid serial settings \"" + settings + "\"";
+        close();
         return false;
     }
-    const QString systemName = SystemPortName(name);
-    serial_.setPortName(systemName);
-    if (!serial_.open(QIODevice::ReadWrite)) {
-        if (reason) *reason = Reason(serial_, systemName);
+    rtsCts_ = rtsCtsHandshake;
+    const QString device = SystemPortName(name.trimmed());
+    if (fd_ >= 0 && device == device_) {
+        // Restarted in place: the device is not let go, so its lines do not move.
+        in_.clear();
+        out_.clear();
+        ::tcflush(fd_, TCIOFLUSH);
+    } else {
+        close();
+        fd_ = ::open(device.toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+        if (fd_ < 0) {
+            if (reason) *reason = Reason(errno, device);
+            return false;
+        }
+        // The very next call: opening raised DTR and RTS, and this puts them as asked.
+        applyLines();
+        device_ = device;
+        ::ioctl(fd_, TIOCEXCL);  // no other program opens it while it is ours
+    }
+    if (!Configure(fd_, *line, rtsCts_, reason)) {
+        if (reason && reason->isEmpty()) *reason = Reason(errno, device);
+        close();
         return false;
     }
-    const bool configured =
-        serial_.setBaudRate(line->baud) &&
-        serial_.setDataBits(static_cast<QSerialPort::DataBits>(line->dataBits)) &&
-        serial_.setParity(ToParity(line->parity)) &&
-        serial_.setStopBits(line->stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) &&
-        serial_.setFlowControl(rtsCtsHandshake ? QSerialPort::HardwareControl
-                                               : QSerialPort::NoFlowControl);
-    if (!configured) {
-        if (reason) *reason = Reason(serial_, systemName);
-        serial_.close();
-        return false;
-    }
-    // With hardware handshaking the driver owns RTS.
-    if (!rtsCtsHandshake) serial_.setRequestToSend(rts_);
-    serial_.setDataTerminalReady(dtr_);
+    // Again: a device left at speed 0 raises both lines when its speed is set.
+    applyLines();
     return true;
+}
+
+// Lowers first, in one call, then raises what is to be high. A device without modem lines
+// (a pseudo-terminal) refuses both calls, which is of no matter.
+void SystemSerialPort::applyLines() {
+    int low = 0, high = 0;
+    (dtr_ ? high : low) |= TIOCM_DTR;
+    if (!rtsCts_) (rts_ ? high : low) |= TIOCM_RTS;  // with handshaking the driver owns RTS
+    if (low) ::ioctl(fd_, TIOCMBIC, &low);
+    if (high) ::ioctl(fd_, TIOCMBIS, &high);
 }
 
 void SystemSerialPort::close() {
     sim_.close();
-    if (serial_.isOpen()) serial_.close();
+    if (fd_ >= 0) {
+        ::ioctl(fd_, TIOCNXCL);
+        ::close(fd_);  // HUPCL: both lines drop
+    }
+    fd_ = -1;
+    device_.clear();
+    in_.clear();
+    out_.clear();
 }
 
 bool SystemSerialPort::isOpen() const {
     if (usingSim_) return sim_.isOpen();
-    return serial_.isOpen();
+    return fd_ >= 0;
+}
+
+bool SystemSerialPort::takeInput() {
+    if (fd_ < 0) return false;
+    char buffer[512];
+    for (;;) {
+        const ssize_t n = ::read(fd_, buffer, sizeof buffer);
+        if (n > 0) {
+            in_.append(buffer, n);
+        } else if (n < 0 && errno == EINTR) {
+            continue;
+        } else if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+            return true;
+        } else {
+            // Nothing read means a hang-up, an error a device that vanished (an unplugged
+            // USB adapter): the port closes under the program.
+            close();
+            return false;
+        }
+    }
 }
 
 int SystemSerialPort::inBufferCount() {
     if (usingSim_) return sim_.inBufferCount();
-    if (!serial_.isOpen()) return 0;
-    serial_.waitForReadyRead(0);  // take in what the driver holds, without waiting
-    // A device that vanished (an unplugged USB adapter) closes the port.
-    if (serial_.error() == QSerialPort::ResourceError) {
-        serial_.close();
-        return 0;
-    }
-    return static_cast<int>(serial_.bytesAvailable());
+    return takeInput() ? static_cast<int>(in_.size()) : 0;
 }
 
 void SystemSerialPort::clearInput() {
     if (usingSim_) return sim_.clearInput();
-    if (!serial_.isOpen()) return;
-    serial_.waitForReadyRead(0);
-    serial_.readAll();
-    serial_.clear(QSerialPort::Input);
+    if (fd_ < 0) return;
+    ::tcflush(fd_, TCIFLUSH);
+    in_.clear();
 }
 
 QByteArray SystemSerialPort::input(int maxBytes) {
     if (usingSim_) return sim_.input(maxBytes);
-    if (!serial_.isOpen()) return {};
-    return maxBytes <= 0 ? serial_.readAll() : serial_.read(maxBytes);
+    takeInput();
+    const qsizetype n = maxBytes <= 0 ? in_.size() : std::min<qsizetype>(maxBytes, in_.size());
+    const QByteArray taken = in_.left(n);
+    in_.remove(0, n);
+    return taken;
+}
+
+void SystemSerialPort::drainOutput() {
+    while (fd_ >= 0 && !out_.isEmpty()) {
+        const ssize_t n = ::write(fd_, out_.constData(), static_cast<size_t>(out_.size()));
+        if (n > 0) {
+            out_.remove(0, n);
+        } else if (n < 0 && errno == EINTR) {
+            continue;
+        } else if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+            return;
+        } else {
+            close();
+        }
+    }
 }
 
 void SystemSerialPort::output(const QByteArray& bytes) {
     if (usingSim_) return sim_.output(bytes);
-    if (serial_.isOpen()) serial_.write(bytes);
+    if (fd_ < 0) return;
+    out_ += bytes;
+    drainOutput();
 }
 
+// The bytes the driver has not yet taken; a full driver buffer is waited for 10 ms at most.
 int SystemSerialPort::outBufferCount() {
     if (usingSim_) return sim_.outBufferCount();
-    if (!serial_.isOpen()) return 0;
-    if (serial_.bytesToWrite() > 0) serial_.waitForBytesWritten(10);
-    if (serial_.error() == QSerialPort::ResourceError ||
-        serial_.error() == QSerialPort::WriteError) {
-        serial_.close();
-        return 0;
+    drainOutput();
+    if (fd_ >= 0 && !out_.isEmpty()) {
+        pollfd writable{fd_, POLLOUT, 0};
+        ::poll(&writable, 1, 10);
+        drainOutput();
     }
-    return static_cast<int>(serial_.bytesToWrite());
+    return static_cast<int>(out_.size());
 }
 
 void SystemSerialPort::setRts(bool on) {
     rts_ = on;
     sim_.setRts(on);
-    if (!usingSim_ && serial_.isOpen() && serial_.flowControl() != QSerialPort::HardwareControl)
-        serial_.setRequestToSend(on);
+    if (usingSim_ || fd_ < 0 || rtsCts_) return;
+    int bit = TIOCM_RTS;
+    ::ioctl(fd_, on ? TIOCMBIS : TIOCMBIC, &bit);
 }
 
 void SystemSerialPort::setDtr(bool on) {
     dtr_ = on;
     sim_.setDtr(on);
-    if (!usingSim_ && serial_.isOpen()) serial_.setDataTerminalReady(on);
-}
-
-bool SystemSerialPort::available(const QString& name) {
-    if (name.compare("SIM", Qt::CaseInsensitive) == 0) return true;
-    QSerialPort probe(SystemPortName(name));
-    if (!probe.open(QIODevice::ReadWrite)) return false;
-    probe.close();
-    return true;
+    if (usingSim_ || fd_ < 0) return;
+    int bit = TIOCM_DTR;
+    ::ioctl(fd_, on ? TIOCMBIS : TIOCMBIC, &bit);
 }
 
 QString SystemSerialPort::deviceName(const QString& name) const {

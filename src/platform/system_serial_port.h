@@ -1,21 +1,24 @@
-// The program's serial port: the system's ports through QSerialPort, and "SIM", the built-in
-// simulated rig of the chosen rig type.
+// The program's serial port: the system's serial devices, opened by the program itself so that
+// their lines are set as early as Linux allows, and "SIM", the built-in simulated rig of the
+// chosen rig type. docs/SERIAL_LINES.md tells what is guaranteed of the lines.
 #pragma once
 
 #include "link/platform.h"
 #include "platform/sim_port.h"
 
-#include <QSerialPort>
-
-#include <memory>
+#include <QByteArray>
+#include <QString>
 
 namespace veldor {
 
 class SystemSerialPort : public SerialPort {
   public:
     SystemSerialPort(Clock& clock, std::function<QString()> rigType);
+    ~SystemSerialPort() override;
+    SystemSerialPort(const SystemSerialPort&) = delete;
+    SystemSerialPort& operator=(const SystemSerialPort&) = delete;
 
-    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake, PortLines lines,
               QString* reason) override;
     void close() override;
     bool isOpen() const override;
@@ -27,15 +30,20 @@ class SystemSerialPort : public SerialPort {
     void setRts(bool on) override;
     void setDtr(bool on) override;
     bool rts() const override { return rts_; }
-    bool available(const QString& name) override;
     QString deviceName(const QString& name) const override;
 
   private:
-    bool usingSim() const { return usingSim_; }
+    void applyLines();
+    bool takeInput();  // false when the device has gone, and the port is closed
+    void drainOutput();
 
     SimPort sim_;
-    QSerialPort serial_;
     bool usingSim_ = false;
+    int fd_ = -1;
+    QString device_;  // the device fd_ is open on
+    QByteArray in_;   // read from the device and not yet taken
+    QByteArray out_;  // given to output() and not yet taken by the driver
+    bool rtsCts_ = false;
     bool rts_ = false;
     bool dtr_ = false;
 };

@@ -1,6 +1,7 @@
 // The serial link on virtual time: frames, delays, busy flags, reply collection, text
 // framing, port opening and frequency coding.
 #include "link/serial_link.h"
+#include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "support/fakes.h"
 
@@ -12,7 +13,7 @@ namespace {
 class Link : public ::testing::Test {
   protected:
     Link() : h(true) {
-        port().open("1", "4800,N,8,2", false, nullptr);
+        port().open("1", "4800,N,8,2", false, {}, nullptr);
         h.c.f.chkOnOff.value = 1;
         h.c.s.RigType = RigFT817;
     }
@@ -316,12 +317,44 @@ TEST(ExtraPttPort, IsComparedWithTheMainPortByTheDeviceTheyName) {
 TEST_F(Link, AnExtraPttPortThatCannotBeHadGivesItsMessage) {
     h.c.s.ExtraPttPortEnabled = true;
     h.c.s.ExtraPttPort = "3";
-    h.pttPort.availableAnswer = false;
+    h.pttPort.failReason = "Device or resource busy";
     OpenPorts(h.c, "2", "4800,N,8,2");
     ASSERT_EQ(h.dialogs.messages.size(), 1u);
     EXPECT_TRUE(h.dialogs.messages[0].text.startsWith("PTT COM Port 3 is not available."));
+    EXPECT_TRUE(h.c.frmErrorList.txtErrors.text.contains("Device or resource busy"));
     EXPECT_FALSE(h.pttPort.isOpen());
     EXPECT_TRUE(port().isOpen());
+}
+
+// The lines go with the opening, not before or after it, and the extra PTT port is opened
+// once, with its lines low: no trial opening asks first whether it can be had.
+TEST_F(Link, ThePortsOpenWithTheirLinesInTheOpeningCall) {
+    h.c.s.RaiseDTR = "Y";
+    h.c.s.ExtraPttPortEnabled = true;
+    h.c.s.ExtraPttPort = "3";
+    port().calls.clear();
+    OpenPorts(h.c, "2", "4800,N,8,2");
+    EXPECT_EQ(port().calls, std::vector<QString>{"open rts 0 dtr 1"});
+    EXPECT_EQ(h.pttPort.calls, std::vector<QString>{"open rts 0 dtr 0"});
+}
+
+// While the link is dead every tick reopens the ports; neither is ever let go, and no line
+// goes up.
+TEST(Recovery, ReopeningKeepsTheLinesLowThroughout) {
+    ScriptedRig h(RigFT817);
+    h.c.s.PollingDelay = 0;
+    h.c.s.ExtraPttPortEnabled = true;
+    h.c.s.ExtraPttPort = "3";
+    h.scriptedPort->calls.clear();
+    for (int tick = 0; tick < 3; ++tick) tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.scriptedPort->opens, 4);  // the rig's port, then once a tick
+    for (ScriptedPort* p : {h.scriptedPort.get(), &h.pttPort}) {
+        for (const QString& call : p->calls) {
+            EXPECT_NE(call, "close");
+            EXPECT_FALSE(call.contains(" 1")) << call.toStdString();
+        }
+    }
+    EXPECT_EQ(h.pttPort.opens, 3);
 }
 
 TEST_F(Link, TheExtraPttPortOpensBesideTheMainPort) {

@@ -146,7 +146,7 @@ class FailingPort : public ScriptedPort {
 TEST(PollTick, AnErrorInTheTickIsShownAndStopsPolling) {
     Harness h;
     FailingPort port(h.clock);
-    port.open("1", "4800,N,8,2", false, nullptr);
+    port.open("1", "4800,N,8,2", false, {}, nullptr);
     h.c.p.MSComm1 = &port;
     h.c.s.RigType = RigFT817;
     h.c.f.chkOnOff.value = 1;

@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <pty.h>
+#include <sys/inotify.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -70,10 +71,9 @@ TEST(SystemPort, AMissingDeviceFailsWithTheSystemsReason) {
     VirtualClock clock;
     SystemSerialPort port(clock, [] { return QString("FT817"); });
     QString reason;
-    EXPECT_FALSE(port.open("/dev/veldor-no-such-port", "4800,N,8,2", false, &reason));
+    EXPECT_FALSE(port.open("/dev/veldor-no-such-port", "4800,N,8,2", false, {}, &reason));
     EXPECT_FALSE(port.isOpen());
     EXPECT_TRUE(reason.contains("/dev/veldor-no-such-port")) << reason.toStdString();
-    EXPECT_FALSE(port.available("/dev/veldor-no-such-port"));
     EXPECT_EQ(port.inBufferCount(), 0);
 }
 
@@ -81,7 +81,7 @@ TEST(SystemPort, BadSettingsTextIsRefused) {
     VirtualClock clock;
     SystemSerialPort port(clock, [] { return QString("FT817"); });
     QString reason;
-    EXPECT_FALSE(port.open("SIM", "4800;N;8;2", false, &reason));
+    EXPECT_FALSE(port.open("SIM", "4800;N;8;2", false, {}, &reason));
     EXPECT_TRUE(reason.contains("4800;N;8;2"));
 }
 
@@ -99,7 +99,7 @@ TEST(SystemPort, CarriesBytesBothWaysThroughAPseudoTerminal) {
     VirtualClock clock;
     SystemSerialPort port(clock, [] { return QString("FT817"); });
     QString reason;
-    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, &reason)) << reason.toStdString();
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, &reason)) << reason.toStdString();
     port.output(QByteArray::fromHex("0000000003"));
     while (port.outBufferCount() > 0) {
     }
@@ -123,6 +123,39 @@ TEST(SystemPort, CarriesBytesBothWaysThroughAPseudoTerminal) {
     EXPECT_EQ(port.inBufferCount(), 0);
     port.close();
     EXPECT_FALSE(port.isOpen());
+    ::close(master);
+}
+
+// A pseudo-terminal has no modem lines, so what the lines do cannot be seen here; what can be
+// seen is that a restart on the same device never lets it go, as the system tells anyone who
+// watches the device.
+TEST(SystemPort, ARestartOnTheSameDeviceKeepsItOpenAndEmptiesTheInput) {
+    int master = -1, slave = -1;
+    char name[256] = {};
+    ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
+    ::close(slave);
+    VirtualClock clock;
+    SystemSerialPort port(clock, [] { return QString("FT817"); });
+    QString reason;
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, &reason)) << reason.toStdString();
+    const int watch = ::inotify_init1(IN_NONBLOCK);
+    ASSERT_GE(::inotify_add_watch(watch, name, IN_OPEN | IN_CLOSE), 0);
+    auto events = [watch] {
+        alignas(inotify_event) char buffer[4096];
+        const ssize_t n = ::read(watch, buffer, sizeof buffer);
+        return n <= 0 ? 0 : static_cast<int>(n / static_cast<ssize_t>(sizeof(inotify_event)));
+    };
+    ASSERT_EQ(::write(master, "\x01\x02", 2), 2);
+    for (int tries = 0; port.inBufferCount() < 2 && tries < 200; ++tries) QThread::msleep(5);
+    ASSERT_EQ(port.inBufferCount(), 2);
+
+    ASSERT_TRUE(port.open(name, "9600,N,8,2", false, {}, &reason)) << reason.toStdString();
+    EXPECT_TRUE(port.isOpen());
+    EXPECT_EQ(port.inBufferCount(), 0);
+    EXPECT_EQ(events(), 0);  // neither closed nor opened again
+    port.close();
+    EXPECT_EQ(events(), 1);  // the watch sees a closing
+    ::close(watch);
     ::close(master);
 }
 

@@ -69,9 +69,11 @@ QByteArray ScriptedPort::allWritten() const {
 }
 
 bool ScriptedPort::open(const QString& name, const QString& settings, bool rtsCtsHandshake,
-                        QString* reason) {
+                        PortLines lines, QString* reason) {
+    calls.push_back(QString("open rts %1 dtr %2").arg(lines.rts).arg(lines.dtr));
     if (!failReason.isEmpty()) {
         if (reason) *reason = failReason;
+        open_ = false;
         return false;
     }
     ++opens;
@@ -79,7 +81,24 @@ bool ScriptedPort::open(const QString& name, const QString& settings, bool rtsCt
     openedName = name;
     openedSettings = settings;
     rtsCts = rtsCtsHandshake;
+    rtsLine = lines.rts;
+    dtrLine = lines.dtr;
     return true;
+}
+
+void ScriptedPort::close() {
+    calls.push_back("close");
+    open_ = false;
+}
+
+void ScriptedPort::setRts(bool on) {
+    calls.push_back(QString("rts %1").arg(on));
+    rtsLine = on;
+}
+
+void ScriptedPort::setDtr(bool on) {
+    calls.push_back(QString("dtr %1").arg(on));
+    dtrLine = on;
 }
 
 void ScriptedPort::take() {
@@ -186,7 +205,7 @@ void Station::switchOff() {
 ScriptedRig::ScriptedRig(const QString& rig) : Harness(true) {
     c.s.RigType = rig;
     c.f.chkOnOff.value = 1;
-    scriptedPort->open("1", "4800,N,8,2", false, nullptr);
+    scriptedPort->open("1", "4800,N,8,2", false, {}, nullptr);
 }
 
 void ScriptedRig::replies(const QByteArray& bytes) {

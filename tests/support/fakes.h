@@ -120,21 +120,21 @@ class ScriptedPort : public SerialPort {
     int opens = 0;
     bool rtsLine = false, dtrLine = false, rtsCts = false;
     QString openedName, openedSettings;
-    bool availableAnswer = true;
+    // What was done to the port and its lines, in order: "open rts 0 dtr 1", "close", "rts 1".
+    std::vector<QString> calls;
 
-    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake,
+    bool open(const QString& name, const QString& settings, bool rtsCtsHandshake, PortLines lines,
               QString* reason) override;
-    void close() override { open_ = false; }
+    void close() override;
     bool isOpen() const override { return open_; }
     int inBufferCount() override;
     void clearInput() override;
     QByteArray input(int maxBytes) override;
     void output(const QByteArray& bytes) override;
     int outBufferCount() override { return 0; }
-    void setRts(bool on) override { rtsLine = on; }
-    void setDtr(bool on) override { dtrLine = on; }
+    void setRts(bool on) override;
+    void setDtr(bool on) override;
     bool rts() const override { return rtsLine; }
-    bool available(const QString&) override { return availableAnswer; }
     QString deviceName(const QString& name) const override { return DeviceName(name); }
 
   private:
