@@ -325,12 +325,10 @@ TEST(Polling, NoPollingStillRefreshesTheToneLightsAtEachTick) {
     h.c.s.ToneCode = "8";
     h.c.s.ToneDecode = "1";
     PerformStatusUpdate(h.c);
-    EXPECT_EQ(h.c.f.lblEnc.backColour, Green);
     EXPECT_EQ(h.c.f.lblDec.backColour, Green);
     EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "88.5");
     h.c.f.txtMode.text = "USB";
     PerformStatusUpdate(h.c);
-    EXPECT_EQ(h.c.f.lblEnc.backColour, White);
     EXPECT_EQ(h.c.f.lblDec.backColour, White);
     EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "Freq");
 }

@@ -282,14 +282,12 @@ TEST(RigctlWrites, AClientsVfoChoiceTogglesTheRigAndNeverWritesItsMemory) {
         st.c.s.PollingDelay = 0;
         for (const char* vfo : {"VFOB", "VFOA"}) {
             st.rig().clearTrace();
-            EXPECT_EQ(st.say(QByteArray("V ") + vfo + "\n"), "");
-            EXPECT_EQ(st.afterTick() + st.afterTick(), "RPRT 0\n") << rig.toStdString();
+            QByteArray replies = st.say(QByteArray("V ") + vfo + "\n");
+            replies += st.afterTick();
+            EXPECT_EQ(replies + st.afterTick(), "RPRT 0\n");
             EXPECT_EQ(st.rig().state().vfoB, vfo == QByteArray("VFOB")) << rig.toStdString();
-            EXPECT_EQ(st.say("v\n"), QByteArray(vfo) + "\n");
-            const QByteArray sent = st.rigReceived();
-            EXPECT_EQ(sent.count(QByteArray::fromHex("0000000081")), 1) << rig.toStdString();
-            for (qsizetype i = 4; i < sent.size(); i += 5)
-                EXPECT_NE(static_cast<uint8_t>(sent[i]), 0xBC) << rig.toStdString();
+            EXPECT_EQ(st.received().count("00 00 00 00 81"), 1) << rig.toStdString();
+            EXPECT_FALSE(st.received().contains("bc")) << rig.toStdString();  // a memory write
         }
     }
 }

@@ -300,7 +300,6 @@ TEST(Unload, InTheMiddleOfAReadingLeavesTheRigReleased) {
     st.switchOn();
     st.pump.at(st.clock.now + 10, [&st] { Form_Unload(st.c); });
     tmrPollInterval_Timer(st.c);
-    EXPECT_TRUE(st.system.ended);
     EXPECT_FALSE(st.rig().state().catOn);
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
     EXPECT_EQ(st.stored("CurrentValues", "Status"), "InActive");

@@ -86,21 +86,6 @@ bool ScriptedPort::open(const QString& name, const QString& settings, bool rtsCt
     return true;
 }
 
-void ScriptedPort::close() {
-    calls.push_back("close");
-    open_ = false;
-}
-
-void ScriptedPort::setRts(bool on) {
-    calls.push_back(QString("rts %1").arg(on));
-    rtsLine = on;
-}
-
-void ScriptedPort::setDtr(bool on) {
-    calls.push_back(QString("dtr %1").arg(on));
-    dtrLine = on;
-}
-
 void ScriptedPort::take() {
     for (auto it = pending_.begin(); it != pending_.end();) {
         if (it->first <= clock_.now) {

@@ -125,15 +125,18 @@ class ScriptedPort : public SerialPort {
 
     bool open(const QString& name, const QString& settings, bool rtsCtsHandshake, PortLines lines,
               QString* reason) override;
-    void close() override;
+    void close() override {
+        calls.push_back("close");
+        open_ = false;
+    }
     bool isOpen() const override { return open_; }
     int inBufferCount() override;
     void clearInput() override;
     QByteArray input(int maxBytes) override;
     void output(const QByteArray& bytes) override;
     int outBufferCount() override { return 0; }
-    void setRts(bool on) override;
-    void setDtr(bool on) override;
+    void setRts(bool on) override { calls.push_back(QString("rts %1").arg(rtsLine = on)); }
+    void setDtr(bool on) override { calls.push_back(QString("dtr %1").arg(dtrLine = on)); }
     bool rts() const override { return rtsLine; }
     QString deviceName(const QString& name) const override { return DeviceName(name); }
 
