@@ -1,4 +1,4 @@
-// The real main window, with the real QSerialPort, over a pseudo-terminal to veldor-rigsim:
+// The real main window, with the real serial port, over a pseudo-terminal to veldor-rigsim:
 // clicks on the widgets take the simulated FT-847 into CAT mode and out of it.
 #include "link/catalogue.h"
 #include "rigsim_state.h"

@@ -16,7 +16,7 @@ deb="$work/out/veldor_${version}_$(dpkg --print-architecture).deb"
 # Qt from Debian's own packages, the platform plugins a window needs, Hamlib only suggested;
 # and no maintainer script, so installing changes no group or anything else.
 dpkg-deb -f "$deb" Depends >"$work/depends"
-for p in libqt6core6 libqt6widgets6 libqt6serialport6 libqt6network6 qt6-qpa-plugins; do
+for p in libqt6core6 libqt6widgets6 libqt6network6 qt6-qpa-plugins; do
     grep -q "\b$p\b" "$work/depends" || fail "Depends lacks $p: $(cat "$work/depends")"
 done
 [ "$(dpkg-deb -f "$deb" Suggests)" = libhamlib-utils ] || fail "Suggests"
