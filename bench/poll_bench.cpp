@@ -27,6 +27,9 @@ class NoDialogs : public Dialogs {
     }
     bool inputBox(const QString&, const QString&, QString*) override { return false; }
     QString browseForFolder(const QString&) override { return {}; }
+    QString saveFileName(const QString&, const QString&, const QString&, int) override {
+        return {};
+    }
 };
 
 class BenchSystem : public System {

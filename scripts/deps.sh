@@ -1,7 +1,8 @@
 # Installs the Debian packages VELDOR needs to build, run and test, when any is missing.
 # Sourced by scripts/test and scripts/run.
-veldor_packages=(cmake ninja-build g++ qt6-base-dev libgtest-dev
-                 libhamlib-utils librsvg2-bin dpkg-dev desktop-file-utils appstream man-db)
+veldor_packages=(cmake ninja-build g++ qt6-base-dev qt6-multimedia-dev libgtest-dev
+                 libhamlib-utils librsvg2-bin dpkg-dev desktop-file-utils appstream man-db
+                 pulseaudio)
 
 veldor_install_missing() {
     local missing=()

@@ -1,3 +1,4 @@
+#include "accessories/timed_events.h"
 #include "basic/basic.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -85,7 +86,7 @@ void InitialiseVariables(Core& c) {
     // 5. Start values.
     s.VfoAActive = true;
     s.FrequencyChangePending = false;
-    s.RecordRequested = false;
+    s.PendingRecordStart = false;
     c.f.cmdScanMemOrBank.caption = "Scan Rnge";
     // 6. Link flags and the defaults of the tone and shift state.
     s.SendBusy = false;
@@ -167,7 +168,8 @@ void InitialiseVariables(Core& c) {
     s.MouseWAM = NumberSetting(c, "MouseWAM", "900");
     s.MouseFMN = NumberSetting(c, "MouseFMN", "1250");
     s.MouseWFM = NumberSetting(c, "MouseWFM", "5000");
-    // 18. Timed events join with their window.
+    // 18. Timed events.
+    LoadTimedEvents(c);
     CustomiseForms(c);
     // 20. Screen size.
     s.ScreenSize = TextSetting(c, "ScreenSize", "Small");

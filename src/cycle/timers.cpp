@@ -4,6 +4,8 @@
 #include <new>
 #include <stdexcept>
 
+#include "accessories/recorder.h"
+#include "accessories/timed_events.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -62,10 +64,13 @@ struct PendingAction {
     void (*action)(Core&);
 };
 constexpr PendingAction kPendingActions[] = {
+    {&State::TimedActive, RunTimedEvents},
     {&State::GoToPending, ApplyGoTo},
     {&State::PendingFT920Tuner, ToggleFt920Tuner},
     {&State::PendingFT920StartTune, StartFt920Tune},
     {&State::PttOffPending, PttOff},
+    {&State::PendingRecordStart, ShowRecorder},
+    {&State::PendingRecordPause, RecordSquelchGate},
     {&State::PttOnPending, PttOn},
     {nullptr,
      [](Core& c) {

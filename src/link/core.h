@@ -32,6 +32,8 @@ struct Platform {
     System* system = nullptr;
     Windows* windows = nullptr;
     RigServer* rigServer = nullptr;  // none: rig sharing is not built in
+    Launcher* launcher = nullptr;
+    AudioRecorder* audio = nullptr;
 };
 
 struct Core {

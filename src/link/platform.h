@@ -100,6 +100,12 @@ class Dialogs {
     virtual bool inputBox(const QString& prompt, const QString& title, QString* text) = 0;
     // Empty on cancel.
     virtual QString browseForFolder(const QString& prompt) = 0;
+    // The save dialog: a file name chosen in folder, with a filter of description and pattern
+    // pairs separated by "|" ("Wave Files (*.wav)|*.wav|All Files (*.*)|*.*"), the pair
+    // filterIndex (from 1) chosen at first. Empty on cancel. The dialog asks nothing about an
+    // existing file: the program asks its own question.
+    virtual QString saveFileName(const QString& title, const QString& folder, const QString& filter,
+                                 int filterIndex) = 0;
 };
 
 // Folders and system facts the program asks about.
@@ -115,6 +121,61 @@ class System {
     virtual void endProcess() = 0;
     // Ends the process at once, saving nothing.
     virtual void abortProcess() = 0;
+};
+
+// Starts other programs and does not wait for them.
+class Launcher {
+  public:
+    virtual ~Launcher() = default;
+    // Starts a command line detached, its words split as a shell splits them (blanks, quotes
+    // and backslashes) without a shell being run. False when it could not be started.
+    virtual bool start(const QString& commandLine) = 0;
+};
+
+// The format a recording is made in: PCM, one channel, from the input device of the given
+// index in the list of inputDevices().
+struct WaveFormat {
+    int device = 0;
+    int channels = 1;
+    int samplesPerSecond = 11025;
+    int averageBytesPerSecond = 11025;
+    int blockAlign = 1;
+    int bitsPerSample = 8;
+};
+
+// Where a recording stands, as a media control reports its mode.
+enum class AudioMode {
+    Closed,     // no element open
+    Open,       // a new element, nothing recorded yet
+    Recording,  //
+    Paused,     // recording held; a pause command goes on with it
+    Stopped,    // recording ended; record again to add to the take
+};
+
+// The sound card's input recorded into one take, kept on disk as a wave file as it grows.
+class AudioRecorder {
+  public:
+    virtual ~AudioRecorder() = default;
+    // The names of the input devices the system has; empty where it has none.
+    virtual QStringList inputDevices() = 0;
+    // A new, empty element; a take not saved is dropped.
+    virtual void open() = 0;
+    // 0, or an error number that lastErrorText() explains.
+    virtual int setFormat(const WaveFormat& format) = 0;
+    // Records onto the end of the take; false (with lastErrorText()) when recording cannot
+    // start.
+    virtual bool record() = 0;
+    // Holds the recording, or goes on with it when held; nothing in any other mode.
+    virtual void pause() = 0;
+    virtual void stop() = 0;
+    // Writes the take to path, replacing a file there at once and whole; 0 or an error number.
+    virtual int save(const QString& path) = 0;
+    // Ends the element; a take not saved is dropped.
+    virtual void close() = 0;
+    virtual AudioMode mode() const = 0;
+    // The length of the take so far.
+    virtual int64_t takeMilliseconds() const = 0;
+    virtual QString lastErrorText() const = 0;
 };
 
 // The program's windows other than the main one.

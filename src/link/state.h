@@ -118,7 +118,6 @@ struct State : TuningState,
     int32_t PollingDelay = 0;  // ms; 99 means polling off
     uint32_t NextPollTime = 0;
     bool FrequencyChangePending = false;
-    bool RecordRequested = false;
     int ScanSpeed = 5;
     int HangDelay = 4;
     bool HangDelayOnSignalLoss = true;

@@ -3,6 +3,7 @@
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
 #include "ui/main_window.h"
+#include "ui/record_window.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -32,7 +33,9 @@ Application::Application()
                     .dialogs = &dialogs_,
                     .system = &system_,
                     .windows = &windows_,
-                    .rigServer = &rigctld_};
+                    .rigServer = &rigctld_,
+                    .launcher = &launcher_,
+                    .audio = &audio_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     // Whatever the core has reached shows before the events of a pause run.
     pump_.beforeEvents = [this] { views_.renderAll(); };
@@ -44,6 +47,7 @@ Application::Application()
             QMessageBox::Ok, window_.get());
         return box;
     });
+    windows_.add(FormId::frmRecord, [this] { return new RecordWindow(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);
 }
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "link/core.h"
+#include "platform/audio/qt_audio_recorder.h"
 #include "platform/ini_store.h"
+#include "platform/launcher.h"
 #include "platform/qt_platform.h"
 #include "platform/rigctld_server.h"
 #include "platform/system_serial_port.h"
@@ -47,6 +49,8 @@ class Application {
     QtTimer pollTimer_;
     QtTimer clockTimer_;
     RigctldServer rigctld_{c_};
+    ProcessLauncher launcher_;
+    QtAudioRecorder audio_;
     std::unique_ptr<MainWindow> window_;
 };
 

@@ -81,6 +81,23 @@ QString QtDialogs::browseForFolder(const QString& prompt) {
     return QFileDialog::getExistingDirectory(parent ? parent() : nullptr, prompt, QDir::homePath());
 }
 
+QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter,
+                                int filterIndex) {
+    // "Wave Files (*.wav)|*.wav|..." names its patterns in each description already.
+    const QStringList parts = filter.split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i < parts.size(); i += 2) filters.append(parts[i]);
+    QFileDialog dialog(parent ? parent() : nullptr, title, folder);
+    dialog.setObjectName("CommonDialog1");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilters(filters);
+    if (filterIndex >= 1 && filterIndex <= filters.size())
+        dialog.selectNameFilter(filters[filterIndex - 1]);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().constFirst();
+}
+
 bool QtSystem::directoryExists(const QString& path) {
     return QDir(path).exists();
 }

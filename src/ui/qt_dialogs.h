@@ -17,6 +17,8 @@ class QtDialogs : public Dialogs {
                          MsgIcon icon) override;
     bool inputBox(const QString& prompt, const QString& title, QString* text) override;
     QString browseForFolder(const QString& prompt) override;
+    QString saveFileName(const QString& title, const QString& folder, const QString& filter,
+                         int filterIndex) override;
 };
 
 class QtSystem : public System {

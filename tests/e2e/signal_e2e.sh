@@ -12,7 +12,9 @@ for _ in $(seq 50); do [ -e "$work/tty" ] && break; sleep 0.1; done
 printf '[Settings]\nRigType=FT847\nCommport=%s\nAutoStart=Yes\nHomeDir=%s\n' "$work/tty" "$work" \
     >"$XDG_CONFIG_HOME/VELDOR/VELDOR_E2E.ini"
 
-"$veldor" /CONFIG=e2e >"$work/veldor.log" 2>&1 &
+# Started where an empty TimedEvents.txt stands, so that no message waits at the start.
+: >"$work/TimedEvents.txt"
+(cd "$work" && exec "$veldor" /CONFIG=e2e >"$work/veldor.log" 2>&1) &
 veldor_pid=$!
 wait_for() {
     for _ in $(seq 100); do grep -qx "$1" "$2" 2>/dev/null && return 0; sleep 0.1; done

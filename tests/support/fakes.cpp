@@ -34,6 +34,72 @@ QString ScriptedDialogs::browseForFolder(const QString& prompt) {
     return folderAnswer;
 }
 
+QString ScriptedDialogs::saveFileName(const QString&, const QString& folder, const QString&, int) {
+    saveFolders.push_back(folder);
+    return saveAnswer;
+}
+
+bool FakeLauncher::start(const QString& commandLine) {
+    started.push_back(commandLine);
+    return std::find(missing.begin(), missing.end(), commandLine) == missing.end();
+}
+
+void FakeAudio::open() {
+    calls.push_back("open");
+    take.clear();
+    mode_ = AudioMode::Open;
+}
+
+int FakeAudio::setFormat(const WaveFormat& format) {
+    formats.push_back(format);
+    lastError_ = formatError ? errorText : QString();
+    return formatError;
+}
+
+bool FakeAudio::record() {
+    calls.push_back("record");
+    if (mode_ == AudioMode::Closed || mode_ == AudioMode::Recording) return false;
+    take.push_back({clock_.now, clock_.now});
+    mode_ = AudioMode::Recording;
+    return true;
+}
+
+void FakeAudio::pause() {
+    calls.push_back("pause");
+    if (mode_ == AudioMode::Recording) {
+        take.back().to = clock_.now;
+        mode_ = AudioMode::Paused;
+    } else if (mode_ == AudioMode::Paused) {
+        take.push_back({clock_.now, clock_.now});
+        mode_ = AudioMode::Recording;
+    }
+}
+
+void FakeAudio::stop() {
+    calls.push_back("stop");
+    if (mode_ == AudioMode::Recording) take.back().to = clock_.now;
+    if (mode_ == AudioMode::Recording || mode_ == AudioMode::Paused) mode_ = AudioMode::Stopped;
+}
+
+int FakeAudio::save(const QString& path) {
+    calls.push_back("save");
+    saved.push_back({path, takeMilliseconds()});
+    return 0;
+}
+
+void FakeAudio::close() {
+    calls.push_back("close");
+    take.clear();
+    mode_ = AudioMode::Closed;
+}
+
+int64_t FakeAudio::takeMilliseconds() const {
+    int64_t ms = 0;
+    for (const Stretch& s : take) ms += s.to - s.from;
+    if (mode_ == AudioMode::Recording) ms += clock_.now - take.back().to;
+    return ms;
+}
+
 void FakeWindows::show(FormId form, bool modal) {
     shownLog.push_back(form);
     if (!shown(form)) open.push_back(form);
@@ -143,7 +209,9 @@ Harness::Harness(bool scriptedMainPort) {
                    .store = store.get(),
                    .dialogs = &dialogs,
                    .system = &system,
-                   .windows = &windows};
+                   .windows = &windows,
+                   .launcher = &launcher,
+                   .audio = &audio};
 }
 
 void Harness::setting(const QString& key, const QString& value) {

@@ -67,6 +67,53 @@ class ScriptedDialogs : public Dialogs {
     MsgResult messageBox(const QString& text, const QString& title, MsgButtons, MsgIcon) override;
     bool inputBox(const QString&, const QString&, QString*) override { return false; }
     QString browseForFolder(const QString& prompt) override;
+    // The save dialogs shown (their folders), and the name the operator chooses: empty cancels.
+    std::vector<QString> saveFolders;
+    QString saveAnswer;
+    QString saveFileName(const QString&, const QString& folder, const QString&, int) override;
+};
+
+// Programs started: each command line, and whether it started (all do, but those named in
+// missing).
+class FakeLauncher : public Launcher {
+  public:
+    std::vector<QString> started;
+    std::vector<QString> missing;
+    bool start(const QString& commandLine) override;
+};
+
+// A sound card on virtual time: the take is the stretches of time during which it recorded.
+class FakeAudio : public AudioRecorder {
+  public:
+    explicit FakeAudio(VirtualClock& clock) : clock_(clock) {}
+    QStringList devices = {"Monitor of Built-in Audio"};
+    int formatError = 0;  // what setFormat answers
+    QString errorText;
+    std::vector<WaveFormat> formats;
+    std::vector<QString> calls;  // "open", "record", "pause", "stop", "close", "save"
+    struct Stretch {
+        uint32_t from, to;
+    };
+    // The recorded stretches of the take, the last one open while recording.
+    std::vector<Stretch> take;
+    std::vector<std::pair<QString, int64_t>> saved;  // path and length of the take
+
+    QStringList inputDevices() override { return devices; }
+    void open() override;
+    int setFormat(const WaveFormat& format) override;
+    bool record() override;
+    void pause() override;
+    void stop() override;
+    int save(const QString& path) override;
+    void close() override;
+    AudioMode mode() const override { return mode_; }
+    int64_t takeMilliseconds() const override;
+    QString lastErrorText() const override { return lastError_; }
+
+  private:
+    VirtualClock& clock_;
+    AudioMode mode_ = AudioMode::Closed;
+    QString lastError_;
 };
 
 class FakeSystem : public System {
@@ -167,6 +214,8 @@ struct Harness {
     ScriptedDialogs dialogs;
     FakeSystem system;
     FakeWindows windows;
+    FakeLauncher launcher;
+    FakeAudio audio{clock};
     std::unique_ptr<SimPort> simPort;
     std::unique_ptr<ScriptedPort> scriptedPort;
     ScriptedPort pttPort{clock};

@@ -10,7 +10,7 @@ struct WindowsGroup {
     CommandButton cmdRecord{{true, true, " Show the recording window "}, "Record"};
     CommandButton cmdMeters{{true, false, " Show meters window "}, "Meters"};
     CommandButton cmdTimed{{true, true, "Run Timed frequency switching and tasks"}, "Timed"};
-    ComboBox cboTimedEvents{{false, true, "User-defined timed events"}, {}, -1};
+    ComboBox cboTimedEvents{{true, true, "User-defined timed events"}, {}, -1};
 };
 
 }  // namespace veldor

@@ -1,5 +1,8 @@
 #include "ui/main/groups.h"
 
+#include "accessories/recorder.h"
+#include "accessories/timed_events.h"
+
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -12,11 +15,11 @@ QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent) {
     auto* box = new QGroupBox("Windows", parent);
     auto* row = new QHBoxLayout(box);
     row->addWidget(kit.button(box, "cmdCsvMem", f.cmdCsvMem, {}));
-    row->addWidget(kit.button(box, "cmdRecord", f.cmdRecord, {}));
+    row->addWidget(kit.button(box, "cmdRecord", f.cmdRecord, cmdRecord_Click));
     row->addWidget(kit.button(box, "cmdMeters", f.cmdMeters, {}));
     row->addSpacing(12);
-    row->addWidget(kit.button(box, "cmdTimed", f.cmdTimed, {}));
-    QComboBox* timed = kit.combo(box, "cboTimedEvents", f.cboTimedEvents, {});
+    row->addWidget(kit.button(box, "cmdTimed", f.cmdTimed, cmdTimed_Click));
+    QComboBox* timed = kit.combo(box, "cboTimedEvents", f.cboTimedEvents, cboTimedEvents_Click);
     timed->setPlaceholderText("Timed events");
     timed->setMinimumContentsLength(16);
     timed->setAccessibleName("Timed events");

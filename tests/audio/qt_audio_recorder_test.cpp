@@ -1,0 +1,145 @@
+// The recorder's sound card on Qt Multimedia, recording a PulseAudio sine source that the test
+// starts; skipped, with the reason, where no sound server can run.
+#include "platform/audio/qt_audio_recorder.h"
+#include "support/pulse_server.h"
+#include "wave_header.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace veldor::test {
+namespace {
+
+QString g_noServer;  // why no server runs, empty when one does
+
+// The sine source's place in the list of inputs.
+int SineDevice(QtAudioRecorder& audio) {
+    const QStringList names = audio.inputDevices();
+    for (qsizetype i = 0; i < names.size(); ++i)
+        if (names[i].contains("Sine", Qt::CaseInsensitive)) return static_cast<int>(i);
+    return -1;
+}
+
+WaveFormat Format(int device, int rate, int bits) {
+    return {.device = device,
+            .channels = 1,
+            .samplesPerSecond = rate,
+            .averageBytesPerSecond = rate * bits / 8,
+            .blockAlign = bits / 8,
+            .bitsPerSample = bits};
+}
+
+// The loudness of the sound, as a part of the full scale.
+double Level(const WaveHeader& h) {
+    double sum = 0;
+    const qsizetype n = h.bits == 16 ? h.sound.size() / 2 : h.sound.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        const double v = h.bits == 16
+                             ? qFromLittleEndian<int16_t>(h.sound.constData() + 2 * i) / 32768.0
+                             : (static_cast<uint8_t>(h.sound[i]) - 128) / 128.0;
+        sum += v * v;
+    }
+    return n ? std::sqrt(sum / static_cast<double>(n)) : 0;
+}
+
+class RealAudio : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        if (!g_noServer.isEmpty()) GTEST_SKIP() << g_noServer.toStdString();
+        device = SineDevice(audio);
+        ASSERT_GE(device, 0) << audio.inputDevices().join(", ").toStdString();
+    }
+    QTemporaryDir dir;
+    QtAudioRecorder audio{dir.path() + "/takes"};
+    int device = -1;
+};
+
+TEST_F(RealAudio, ASecondOfTheSineIsSavedAsAWaveOtherProgramsRead) {
+    for (const auto& [rate, bits] : {std::pair{22050, 16}, std::pair{11025, 8}}) {
+        audio.open();
+        ASSERT_EQ(audio.setFormat(Format(device, rate, bits)), 0)
+            << audio.lastErrorText().toStdString();
+        ASSERT_TRUE(audio.record()) << audio.lastErrorText().toStdString();
+        QTest::qWait(1000);
+        const QString path = dir.path() + QString("/sine-%1.wav").arg(rate);
+        ASSERT_EQ(audio.save(path), 0) << audio.lastErrorText().toStdString();
+        EXPECT_EQ(audio.mode(), AudioMode::Stopped);
+        const WaveHeader h = ReadWave(path);
+        EXPECT_EQ(h.riff, "RIFF");
+        EXPECT_EQ(h.wave, "WAVE");
+        EXPECT_EQ(h.format, 1);
+        EXPECT_EQ(h.channels, 1);
+        EXPECT_EQ(h.rate, static_cast<uint32_t>(rate));
+        EXPECT_EQ(h.bits, bits);
+        EXPECT_EQ(h.sound.size(), h.dataSize + h.dataSize % 2);
+        // The sine source hands over up to a second it made ahead when a recording starts.
+        const double seconds = h.dataSize / static_cast<double>(rate * bits / 8);
+        EXPECT_GT(seconds, 0.8) << rate;
+        EXPECT_LT(seconds, 2.5) << rate;
+        EXPECT_GT(Level(h), 0.05) << "silence at " << rate;
+    }
+}
+
+TEST_F(RealAudio, HeldTimeStaysOutOfTheTakeAndACrashLeavesItsLastSecond) {
+    audio.open();
+    ASSERT_EQ(audio.setFormat(Format(device, 11025, 16)), 0);
+    ASSERT_TRUE(audio.record());
+    QTest::qWait(700);
+    audio.pause();
+    EXPECT_EQ(audio.mode(), AudioMode::Paused);
+    const int64_t held = audio.takeMilliseconds();
+    QTest::qWait(800);
+    EXPECT_EQ(audio.takeMilliseconds(), held);
+    audio.pause();
+    EXPECT_EQ(audio.mode(), AudioMode::Recording);
+    QTest::qWait(900);
+    EXPECT_GT(audio.takeMilliseconds(), held + 500);
+    // Still recording: the take on disk is what a crash now would leave.
+    const QStringList takes = QDir(dir.path() + "/takes").entryList({"*.wav"});
+    ASSERT_EQ(takes.size(), 1);
+    const WaveHeader h = ReadWave(dir.path() + "/takes/" + takes[0]);
+    EXPECT_GE(h.dataSize, 22050u);  // at least a second told
+    EXPECT_LE(h.dataSize, static_cast<uint32_t>(h.sound.size()));
+    EXPECT_GT(Level(h), 0.05);
+    audio.stop();
+    audio.close();
+    EXPECT_TRUE(QDir(dir.path() + "/takes").entryList({"*.wav"}).isEmpty());
+}
+
+TEST(NoAudioServer, RecordingWithNoInputSaysWhyAndBreaksNothing) {
+    QTemporaryDir dir;
+    QtAudioRecorder audio(dir.path() + "/takes");
+    EXPECT_TRUE(audio.inputDevices().isEmpty());
+    audio.open();
+    EXPECT_EQ(audio.setFormat(Format(0, 11025, 8)), QtAudioRecorder::NoDevice);
+    EXPECT_FALSE(audio.lastErrorText().isEmpty());
+    EXPECT_FALSE(audio.record());
+    EXPECT_FALSE(audio.lastErrorText().isEmpty());
+    audio.pause();
+    EXPECT_EQ(audio.mode(), AudioMode::Open);
+    EXPECT_EQ(audio.save(dir.path() + "/empty.wav"), 0);
+    EXPECT_EQ(ReadWave(dir.path() + "/empty.wav").dataSize, 0u);
+    audio.close();
+}
+
+}  // namespace
+}  // namespace veldor::test
+
+int main(int argc, char** argv) {
+    using veldor::test::g_noServer;
+    veldor::test::TestPulseServer server;
+    if (qgetenv("VELDOR_AUDIO_SERVER") == "none") {
+        g_noServer = "run without a sound server";
+        qputenv("PULSE_SERVER", "unix:/nonexistent/veldor-no-server");
+    } else if (!server.start(&g_noServer)) {
+        qputenv("PULSE_SERVER", "unix:/nonexistent/veldor-no-server");
+    }
+    QCoreApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
