@@ -91,6 +91,7 @@ QString QtDialogs::saveFileName(const QString& title, const QString& folder, con
     dialog.setObjectName("CommonDialog1");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);  // the same dialog on every desktop
     dialog.setNameFilters(filters);
     if (filterIndex >= 1 && filterIndex <= filters.size())
         dialog.selectNameFilter(filters[filterIndex - 1]);
