@@ -7,7 +7,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -115,27 +114,6 @@ TEST(TimedEventsFile, ABadRecordIsNamedByItsNumberAndDisablesEverything) {
     }
 }
 
-TEST(TimedEventsFile, AnyBytesGiveTablesOrTheMessage) {
-    QRandomGenerator random(17);
-    static const char kAlphabet[] = "0123456789,\"\r\n ;.CWFMLSBUSBshell\xff\x00";
-    const QByteArray alphabet(kAlphabet, sizeof kAlphabet - 1);
-    for (int round = 0; round < 120; ++round) {
-        QByteArray bytes;
-        const int length = random.bounded(200);
-        for (int i = 0; i < length; ++i) bytes += alphabet[random.bounded(alphabet.size())];
-        TimedFolder h;
-        h.load(bytes);
-        const State& s = h.c.s;
-        if (!h.c.f.cmdTimed.enabled) {
-            EXPECT_EQ(h.messages().size(), 1);
-        } else {
-            EXPECT_TRUE(h.messages().isEmpty());
-            EXPECT_EQ(s.TimedEntryLast + 1, s.TimedEntryMode.size());
-            EXPECT_EQ(s.TimedTaskLast + 1, static_cast<qsizetype>(s.TimedTaskStarted.size()));
-        }
-    }
-}
-
 // Two records of 1800 stand last: before the first of the day the first of them is in force
 // (the latest time), after 1800 the last one in the file.
 const QByteArray kDay =
@@ -214,17 +192,6 @@ TEST(RunTimedEvents, WithoutAFrequencyRecordTheRunEndsPink) {
     }
 }
 
-TEST(RunTimedEvents, DuringAScanTasksRunAndTheListFollowsButNothingIsTuned) {
-    TimedFolder h;
-    h.load(kDay + "Beacon 1000,SHELL,beacon\n");
-    h.c.s.ScanRunning = true;
-    h.at(10, 0);
-    RunTimedEvents(h.c);
-    EXPECT_EQ(h.launcher.started, std::vector<QString>{"beacon"});
-    EXPECT_EQ(h.c.f.cboTimedEvents.listIndex, 2);
-    EXPECT_FALSE(h.c.s.FrequencyChangePending);
-}
-
 TEST(CmdTimed, SwitchesTheTickToASecondAndBack) {
     TimedFolder h;
     h.c.s.TalkFreq = 2;
@@ -238,14 +205,6 @@ TEST(CmdTimed, SwitchesTheTickToASecondAndBack) {
     EXPECT_FALSE(h.c.s.TimedActive);
     EXPECT_EQ(h.c.f.cmdTimed.backColour, ButtonFace);
     EXPECT_EQ(h.pollTimer.period, 104);
-
-    h.c.s.Transmitting = true;
-    cmdTimed_Click(h.c);
-    EXPECT_FALSE(h.c.s.TimedActive);
-    h.c.s.Transmitting = false;
-    h.c.f.chkOnOff.value = 0;
-    cmdTimed_Click(h.c);
-    EXPECT_FALSE(h.c.s.TimedActive);
 }
 
 TEST(CboTimedEvents, APickedRecordTunesWithTheDefaultsOfATimedChange) {
