@@ -72,7 +72,9 @@ ini="$XDG_CONFIG_HOME/VELDOR/VELDOR_PKG.ini"
 mkdir -p "$XDG_CONFIG_HOME/VELDOR" "$work/home"
 printf '[Settings]\nRigType=FT817\nCommport=SIM\nCommSpeed=38400,N,8,2\nAutoStart=Yes\nHomeDir=%s\n' \
     "$work/home" >"$ini"
-"$u/bin/veldor" /CONFIG=pkg >"$work/veldor.log" 2>&1 &
+# Started where an empty TimedEvents.txt stands, so that no message waits at the start.
+: >"$work/home/TimedEvents.txt"
+(cd "$work/home" && exec "$u/bin/veldor" /CONFIG=pkg >"$work/veldor.log" 2>&1) &
 pid=$!
 wait_for() {
     for _ in $(seq 100); do grep -qx "$1" "$ini" 2>/dev/null && return 0; sleep 0.1; done
