@@ -223,11 +223,14 @@ class Ft847 : public FiveByteSim {
             return;
         }
         if (!s.catOn) return;
+        if (satelliteCommand(f)) return;
         switch (f.opcode) {
             case 0x03:
                 return reply(FrequencyModeReply(s), now, true);
-            case 0xE7: {  // S-meter in five bits, squelch in bit 7
-                const int level = signalLevel(now) * 2;
+            case 0xE7: {  // S-meter in five bits, squelch in bit 7; in satellite mode, of the
+                          // receive side
+                const int64_t hz = s.satellite ? s.satRxHz : s.frequencyHz;
+                const int level = signalLevelAt(hz, now) * 2;
                 uint8_t b = static_cast<uint8_t>(std::min(level, 31));
                 if (level == 0 && !s.squelchOpen) b |= 0x80;
                 return reply(QByteArray(1, static_cast<char>(b)), now);
@@ -240,6 +243,32 @@ class Ft847 : public FiveByteSim {
             default:
                 SharedBcdRigWrite(s, f);  // no acknowledgement
                 return;
+        }
+    }
+
+    // Satellite mode on (4E) and off (8E), and the frequency and mode of its receive side
+    // (11, 17) and transmit side (21, 27). False for any other opcode.
+    bool satelliteCommand(const Frame& f) {
+        RigState& s = state_;
+        switch (f.opcode) {
+            case 0x4E:
+            case 0x8E:
+                s.satellite = f.opcode == 0x4E;
+                return true;
+            case 0x11:
+            case 0x21: {
+                const int64_t tens = FromBcd(FrameBytes(f.p1, f.p2, f.p3, f.p4));
+                if (tens >= 0) (f.opcode == 0x11 ? s.satRxHz : s.satTxHz) = tens * 10;
+                return true;
+            }
+            case 0x17:
+            case 0x27: {
+                const QString mode = BcdRigModeName(f.p1);
+                if (!mode.isEmpty()) (f.opcode == 0x17 ? s.satRxMode : s.satTxMode) = mode;
+                return true;
+            }
+            default:
+                return false;
         }
     }
 };
@@ -393,12 +422,15 @@ class StatusBlockRig : public FiveByteSim {
                 // FT-920 always gives both, VFO A first.
                 if (mp_ && f.p4 != 3) return reply(vfoRecord(s.frequencyHz), now);
                 return reply(vfoRecord(vfoAHz()) + vfoRecord(vfoBHz()), now);
-            case 0xF7: {  // meter
+            case 0xF7: {  // meter; the FT-920 gives one of its four blocks by P4
                 QByteArray r(5, '\0');
                 const int level = signalLevel(now);
+                if (ft920_ && f.p4 <= 3) {
+                    for (int i = 0; i < 4; ++i) r[i] = static_cast<char>(s.meters[f.p4 * 4 + i]);
+                }
                 if (frg_)
                     r[3] = static_cast<char>(std::min(255, level * 16));
-                else
+                else if (f.p4 == 0)
                     r[0] = static_cast<char>(std::min(255, level * 17));
                 return reply(r, now);
             }

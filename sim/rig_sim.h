@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -83,6 +84,13 @@ struct RigState {
     int nrLevel = 0, afGain = 0, rfGain = 0, notchHz = 0, width = 16;
     QString contour = "CO0000", contourFrequency = "CO0114";
     int vfoEqualCount = 0;  // "VV;" received
+    // FT-847 satellite mode: the receive side (set with 11, 17) and the transmit side (21, 27).
+    bool satellite = false;
+    int64_t satRxHz = 0, satTxHz = 0;
+    QString satRxMode, satTxMode;
+    // FT-920 meters, four blocks of four bytes as the rig sends them for opcode F7 with P4 0
+    // to 3. Byte 0 of block 0 is the S-meter, taken from the signal at the moment.
+    std::array<uint8_t, 16> meters{0, 12, 190, 40, 0, 0, 128, 100, 0, 60, 30, 220, 20, 0, 128, 0};
 };
 
 class RigSim {

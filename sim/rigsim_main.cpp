@@ -145,7 +145,12 @@ void WriteState(RigSim& rig, const QString& path) {
                              .arg(s.toneDeciHz)
                              .arg(s.toneNumber)
                              .arg(s.shift)
-                             .arg(s.offsetHz);
+                             .arg(s.offsetHz) +
+                         // FT-847 satellite mode and its two sides.
+                         QString("satellite=%1\nsatRx=%2\nsatTx=%3\n")
+                             .arg(int(s.satellite))
+                             .arg(s.satRxHz)
+                             .arg(s.satTxHz);
     const QByteArray tmp = (path + ".tmp").toLocal8Bit();
     if (FILE* out = std::fopen(tmp.constData(), "w")) {
         const QByteArray bytes = text.toLatin1();

@@ -133,8 +133,8 @@ void SimBase::discardReadable(int64_t nowMs) {
     read(nowMs, -1);
 }
 
-int SimBase::signalLevel(int64_t nowMs) const {
-    const Carrier* c = StrongestAt(state_.frequencyHz, nowMs);
+int SimBase::signalLevelAt(int64_t hz, int64_t nowMs) const {
+    const Carrier* c = StrongestAt(hz, nowMs);
     return std::clamp(std::max(state_.sMeter, c ? c->level : 0), 0, 15);
 }
 

@@ -26,7 +26,9 @@ class SimBase : public RigSim {
     // Queues a reply. A frequency reply may have a digit corrupted by the faults.
     void reply(QByteArray bytes, int64_t nowMs, bool carriesBcdFrequency = false);
     // The S-meter step (0..15) at the rig's frequency and moment, from the band of signals.
-    int signalLevel(int64_t nowMs) const;
+    int signalLevel(int64_t nowMs) const { return signalLevelAt(state_.frequencyHz, nowMs); }
+    // The same on another frequency (the FT-847's satellite receive side).
+    int signalLevelAt(int64_t hz, int64_t nowMs) const;
     // Whether the strongest signal there carries a CTCSS tone.
     bool signalHasTone(int64_t nowMs) const;
     double byteMs() const { return (1.0 + 8.0 + stopBits_) * 1000.0 / baud_; }
