@@ -1,5 +1,6 @@
 #include "cycle/poll_cycle.h"
 
+#include "basic/basic.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
@@ -8,6 +9,8 @@
 #include "protocol/read_signal.h"
 #include "protocol/tones.h"
 #include "tuning/steps.h"
+
+#include <algorithm>
 
 namespace veldor {
 
@@ -21,6 +24,52 @@ void ShowFeature(CommandButton& button, bool on) {
 
 void Show450Light(Label& light, bool on) {
     light.backColour = on ? Green : White;
+}
+
+// A reading into a slider, kept within the slider's range.
+void ShowOnSlider(Slider& slider, const QString& digits) {
+    slider.value = std::clamp(basic::CLng(basic::Val(digits)), slider.min, slider.max);
+}
+
+// One member of a scale (1 to 5) green for the value the rig gives, the others white; a value
+// off the scale leaves it as it was.
+void ShowOnScale(std::array<Label, 6>& scale, const QString& value,
+                 const std::array<const char*, 5>& values) {
+    const auto it = std::find(values.begin(), values.end(), value);
+    if (it == values.end()) return;
+    const auto lit = static_cast<size_t>(it - values.begin()) + 1;
+    for (size_t i = 1; i < scale.size(); ++i) scale[i].backColour = i == lit ? Green : White;
+}
+
+// The DSP panel's state, while it is open. A slider is not read while the operator holds one,
+// nor while its own request waits, so that it does not jump back under the mouse.
+template <typename Ask, typename At>
+void ReadDspPanel(Core& c, Ask& ask, At& at) {
+    State& s = c.s;
+    Frm450DSP& d = c.frm450DSP;
+    const bool held = s.DspSliderHeld;
+    if (ask("NB0;", "NB")) Show450Light(d.lbl450NoiseBlanker, at(4, 1) != "0");
+    if (ask("NR0;", "NR")) Show450Light(d.lbl450NoiseReduction, at(4, 1) != "0");
+    if (!held && !s.PendingFT450NRLevel && ask("RL0;", "RL"))
+        ShowOnSlider(d.sldNoiseReduction, at(4, 2));
+    if (!held && !s.PendingFT450AFGain && ask("AG0;", "AG")) ShowOnSlider(d.sldAFGain, at(4, 3));
+    if (!held && !s.PendingFT450RFGain && ask("RG0;", "RG")) ShowOnSlider(d.sldRFGain, at(4, 3));
+    if (ask("BP00;", "BP")) Show450Light(d.lbl450Notch, at(5, 3) != "000");
+    if (!held && !s.PendingFT450NotchFreq && ask("BP01;", "BP")) ShowOnSlider(d.sldNotch, at(5, 3));
+    if (!held && !s.PendingFT450Filter && ask("SH0;", "SH")) {
+        const QString width = at(4, 2);
+        if (width == "00") d.sldFilter.value = 1;
+        if (width == "16") d.sldFilter.value = 2;
+        if (width == "31") d.sldFilter.value = 3;
+    }
+    if (ask("CO00;", "CO")) ShowOnScale(d.lblContour, at(5, 2), {"-2", "-1", "00", "01", "02"});
+    // The contour's frequency is asked only while the contour is on.
+    if (d.lblContour[3].backColour != Green && ask("CO01;", "CO"))
+        ShowOnScale(d.lblContourFreq, at(5, 2), {"01", "08", "14", "20", "26"});
+    if (ask("EX058;", "EX")) {
+        if (at(6, 1) == "0") d.lblSqlRFGain.caption = "SQL";
+        if (at(6, 1) == "1") d.lblSqlRFGain.caption = "RF Gain";
+    }
 }
 
 // The FT-450's function lights, one text exchange each; a reply of another kind skips only
@@ -51,7 +100,7 @@ void ReadFt450Extras(Core& c) {
         s.VfoLetter = s.VfoAActive ? "A" : "B";
         f.lblRigMode.caption = s.VfoAActive ? "VFO A" : "VFO B";
     }
-    // The DSP panel's items join here with the panel.
+    if (s.DspVisible) ReadDspPanel(c, ask, at);
 }
 
 // The FT-897 and FT-857 feature buttons from the rig's memory. The masks of the two rigs

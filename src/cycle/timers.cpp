@@ -4,8 +4,11 @@
 #include <new>
 #include <stdexcept>
 
+#include "accessories/dsp_panel.h"
+#include "accessories/meters_panel.h"
 #include "accessories/recorder.h"
 #include "accessories/timed_events.h"
+#include "accessories/xband_repeat.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -65,6 +68,8 @@ struct PendingAction {
 };
 constexpr PendingAction kPendingActions[] = {
     {&State::TimedActive, RunTimedEvents},
+    {&State::PendingMetersPanel, ToggleMetersPanel},
+    {&State::PendingDspPanel, ToggleDspPanel},
     {&State::GoToPending, ApplyGoTo},
     {&State::PendingFT920Tuner, ToggleFt920Tuner},
     {&State::PendingFT920StartTune, StartFt920Tune},
@@ -126,6 +131,7 @@ bool PollTick(Core& c) {
     if (c.f.chkOnOff.value == 0) return false;
     c.f.lblTimeoutCount.backColour = ButtonFace;  // a timeout shows red for one tick
     if (s.RigType == RigNotSet) return false;
+    if (s.RigType == RigFT450) KeepDspPanel(c);
     if (c.p.MSComm1->isOpen()) {
         for (const PendingAction& row : kPendingActions)
             if (!row.flag || s.*(row.flag)) row.action(c);
@@ -133,6 +139,8 @@ bool PollTick(Core& c) {
         if (c.p.rigServer) c.p.rigServer->requestsServed();
         // The scan and the sweep join here with their steps.
         if (!s.ScanRunning && !s.SpectrumRunning && !s.StatusUpdateHeld) PerformStatusUpdate(c);
+        // The cross-band repeater's window owns the port while it is open.
+        if (s.PendingXBand) ShowXBandRepeat(c);
     }
     if (s.SettingsRequested) Form_DblClick(c);
     // Recovery from a lost binary reply: reopen the port and take the rig anew.

@@ -18,6 +18,7 @@ inline constexpr Colour PaleGreen = 0xC0FFC0;
 inline constexpr Colour White = 0xFFFFFF;
 inline constexpr Colour Black = 0x000000;
 inline constexpr Colour ButtonFace = 0x8000000F;  // the system's button face colour
+inline constexpr Colour WindowFace = 0x80000005;  // the system's window (text box) colour
 
 struct Control {
     bool enabled = true;
@@ -51,6 +52,7 @@ struct OptionButton : Control {
 
 struct TextBox : Control {
     QString text;
+    Colour backColour = WindowFace;
 };
 
 struct ComboBox : Control {

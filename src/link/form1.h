@@ -37,6 +37,7 @@ struct Form1 : ConnectionGroup,
     int left = 0;
     int width = 11520;
     int height = 8640;
+    int windowState = 0;  // 0 normal, 1 minimised, 2 maximised
 };
 
 // The connection controls: switched on and off together with the link.

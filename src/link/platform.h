@@ -121,6 +121,8 @@ class System {
     virtual void endProcess() = 0;
     // Ends the process at once, saving nothing.
     virtual void abortProcess() = 0;
+    // The system's warning sound: a change refused without a word.
+    virtual void beep() {}
 };
 
 // Starts other programs and does not wait for them.

@@ -57,7 +57,6 @@ struct State : TuningState,
     // FT-450 tone and shift as the rig reports them.
     QString RigTone, RigToneEncode, RigToneDecode, RigShift;
     bool SplitMemoryPending = false;
-    bool MetersVisible = false;
     bool ForceUpdate = false;
 
     // Signal and status reading.
@@ -180,9 +179,6 @@ struct State : TuningState,
     int Ft1000Filter455Index = 0, Ft1000Filter82Index = 0, Ft450AgcIndex = 0;
     int Ft817AgcValue = 0;
     QString VfoRequest = "A";
-    // The FT-450 DSP panel's values as the requests send them.
-    QString DspNoiseReductionLevel = "01", DspNotchFrequency = "001", DspFilterWidth = "02";
-    int DspContourLevelIndex = 3, DspContourFrequencyIndex = 3;
 
     // Locale characters and the shift texts that depend on them.
     QString DecimalSeparator = ".";

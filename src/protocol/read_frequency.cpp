@@ -260,6 +260,11 @@ void ReadFt920(Core& c) {
     s.CurrentMode = Ft920Mode(ReplyByte(c, 21));
     c.frmMeters.lblVFOB.caption = FormatFrequency(c, s.CurrentFrequency);
     c.frmMeters.lblModeB.caption = s.CurrentMode;
+    // VFO B's part in transmit and receive, from the lights of the status read.
+    QString& txRx = c.frmMeters.lblTxRx.caption;
+    txRx.clear();
+    if (c.f.shpTxVfoB == Red) txRx = "TX";
+    if (c.f.shpRxVfoB == Green) txRx += " RX";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "protocol/model_controls.h"
+#include "protocol/read_meters.h"
 
 namespace veldor {
 
@@ -90,7 +91,8 @@ void ReadMeterBlockSignal(Core& c) {
     DecideByThreshold(c);
     c.f.pbarSmeter.value = std::min(31, ReplyByte(c, 0) / 8);
     ShowSignalLights(c);
-    // The FT-920's meters panel reads the rest of this reply when it joins.
+    // The rest of the FT-920's reply, and its other meters, go to the meters panel.
+    if (c.s.RigType == RigFT920 && c.s.MetersVisible) ReadMeters(c, c.s.ReplyBytes);
 }
 
 void FollowSplit(Core& c, bool on) {

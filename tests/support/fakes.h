@@ -130,7 +130,9 @@ class FakeSystem : public System {
     QString programFolder() override { return "/opt/veldor"; }
     void endProcess() override { ended = true; }
     void abortProcess() override { aborted = true; }
+    void beep() override { ++beeps; }
     bool aborted = false;
+    int beeps = 0;
 };
 
 // The other windows: what was shown and closed. A modal window runs the test's operator (the

@@ -51,6 +51,9 @@ struct ModelFrames {
     CommandButton cmdFT920Tuner{{true, true, {}}, "Tuner in/out", White};
     CommandButton cmdFT920StartTune{{true, true, {}}, "Start Tune"};
 
+    // FT-847: the cross-band repeater.
+    CommandButton cmdXBand{{true, true, " Run the FT-847 as a cross-band repeater "}, "X-Band"};
+
     // FT-450 function lights: green on, white off.
     Label lbl450Tuner{{true, true, {}}, "Tuner", White};
     Label lbl450Att{{true, true, {}}, "ATT", White};
