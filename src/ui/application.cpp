@@ -2,8 +2,11 @@
 
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
+#include "ui/dsp_panel.h"
 #include "ui/main_window.h"
+#include "ui/meters_panel.h"
 #include "ui/record_window.h"
+#include "ui/xband_window.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -48,6 +51,10 @@ Application::Application()
         return box;
     });
     windows_.add(FormId::frmRecord, [this] { return new RecordWindow(c_, views_, window_.get()); });
+    windows_.add(FormId::frmXBandRepeat,
+                 [this] { return new XBandWindow(c_, views_, window_.get()); });
+    windows_.add(FormId::frm450DSP, [this] { return new DspPanel(c_, views_, window_.get()); });
+    windows_.add(FormId::frmMeters, [this] { return new MetersPanel(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);
 }
 

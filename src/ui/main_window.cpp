@@ -67,6 +67,30 @@ void MainWindow::place() {
     move(c_.f.left / kTwipsPerPixel, c_.f.top / kTwipsPerPixel);
 }
 
+void MainWindow::tellForm() {
+    const QRect frame = frameGeometry();
+    c_.f.left = frame.x() * kTwipsPerPixel;
+    c_.f.top = frame.y() * kTwipsPerPixel;
+    c_.f.width = frame.width() * kTwipsPerPixel;
+    c_.f.height = frame.height() * kTwipsPerPixel;
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    tellForm();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    tellForm();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange) return;
+    c_.f.windowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     c_.f.left = x() * kTwipsPerPixel;
     c_.f.top = y() * kTwipsPerPixel;

@@ -24,8 +24,13 @@ class MainWindow : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    // Where the window is, how large, and whether minimised, for the panels docked beside it.
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
+    void tellForm();
     Core& c_;
     ViewKit kit_;
     MessagesWindow* messages_;

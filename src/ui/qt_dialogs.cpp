@@ -125,6 +125,10 @@ void QtSystem::abortProcess() {
     std::_Exit(0);
 }
 
+void QtSystem::beep() {
+    QApplication::beep();
+}
+
 void QtSystem::endProcess() {
     ended_ = true;
     QCoreApplication::exit(0);

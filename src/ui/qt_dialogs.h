@@ -30,6 +30,7 @@ class QtSystem : public System {
     QString programFolder() override;
     void endProcess() override;
     void abortProcess() override;
+    void beep() override;
     bool ended() const { return ended_; }
 
   private:

@@ -49,7 +49,7 @@ void ShowCaption(W* w, const QString& caption, const QString& toolTip) {
 }  // namespace
 
 QString StyleFor(Colour colour) {
-    if (colour == ButtonFace) return {};
+    if (colour == ButtonFace || colour == WindowFace) return {};
     const int r = colour & 0xFF, g = (colour >> 8) & 0xFF, b = (colour >> 16) & 0xFF;
     return QString("background-color: rgb(%1,%2,%3);").arg(r).arg(g).arg(b);
 }
@@ -195,8 +195,9 @@ QLabel* ViewKit::label(QWidget* parent, const QString& name, const Label& model)
     auto* l = new QLabel(model.caption, parent);
     l->setObjectName(name);
     onRender([l, &model] {
-        // A label is read by its text; its tool tip says what the text is.
-        ShowText(l, model.caption);
+        // A label is read by its text; its tool tip says what the text is. Its lines may end
+        // in CR LF, as the program writes them.
+        ShowText(l, QString(model.caption).replace("\r\n", "\n"));
         SetAccessible(l, {}, model.toolTip);
         ShowControl(l, model);
         ShowColour(l, model.backColour);
@@ -276,6 +277,7 @@ QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model
     onRender([this, e, &model] {
         ShowText(e, model.text);
         ShowControl(e, model);
+        ShowColour(e, model.backColour);
         SetAccessibleValue(e, model.toolTip);
         takeFocus(e, model);
     });

@@ -103,7 +103,7 @@ class ViewKit {
 // from target. The hook lives as long as target.
 void OnEvent(QObject* target, std::function<bool(QEvent*)> fn);
 
-// The system's colour word as a style sheet; the button face is the style's own.
+// The system's colour word as a style sheet; the system colours are the style's own.
 QString StyleFor(Colour colour);
 // A caption without its access-key ampersands, as a screen reader says it.
 QString PlainCaption(const QString& caption);

@@ -1,3 +1,5 @@
+#include "accessories/dsp_panel.h"
+#include "accessories/xband_repeat.h"
 #include "protocol/model_controls.h"
 #include "tuning/vr5000_steps.h"
 #include "ui/main/groups.h"
@@ -130,7 +132,7 @@ void BuildFt450(ViewKit& kit, QGroupBox* box) {
     }
     row->addSpacing(8);
     row->addWidget(kit.button(box, "cmd450Tune", f.cmd450Tune, cmd450Tune_Click));
-    row->addWidget(kit.check(box, "chkShowDSP", f.chkShowDSP, {}));
+    row->addWidget(kit.check(box, "chkShowDSP", f.chkShowDSP, chkShowDSP_Click));
     row->addStretch();
 }
 
@@ -173,7 +175,10 @@ QWidget* BuildModelFrames(ViewKit& kit, QWidget* parent) {
                 {"cmdFT857Fast", &f.cmdFT857Fast, cmdFT857Fast_Click},
                 {"cmdFT857Lock", &f.cmdFT857Lock, cmdFT857Lock_Click}});
     BuildFt817(kit, frame(f.frmFT817, "frmFT817"));
-    frame(f.frmFT847, "frmFT847");
+    QGroupBox* ft847 = frame(f.frmFT847, "frmFT847");
+    auto* ft847Row = new QHBoxLayout(ft847);
+    ft847Row->addWidget(kit.button(ft847, "cmdXBand", f.cmdXBand, cmdXBand_Click));
+    ft847Row->addStretch();
     frame(f.frmFRG100, "frmFRG100");
     BuildFt1000mp(kit, frame(f.frmFT1000MP, "frmFT1000MP"));
     BuildFt920(kit, frame(f.frmFT920, "frmFT920"));

@@ -1,5 +1,6 @@
 #include "ui/main/groups.h"
 
+#include "accessories/meters_panel.h"
 #include "accessories/recorder.h"
 #include "accessories/timed_events.h"
 
@@ -16,7 +17,7 @@ QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent) {
     auto* row = new QHBoxLayout(box);
     row->addWidget(kit.button(box, "cmdCsvMem", f.cmdCsvMem, {}));
     row->addWidget(kit.button(box, "cmdRecord", f.cmdRecord, cmdRecord_Click));
-    row->addWidget(kit.button(box, "cmdMeters", f.cmdMeters, {}));
+    row->addWidget(kit.button(box, "cmdMeters", f.cmdMeters, cmdMeters_Click));
     row->addSpacing(12);
     row->addWidget(kit.button(box, "cmdTimed", f.cmdTimed, cmdTimed_Click));
     QComboBox* timed = kit.combo(box, "cboTimedEvents", f.cboTimedEvents, cboTimedEvents_Click);
