@@ -10,26 +10,25 @@
 namespace veldor::test {
 namespace {
 
-const QString kVhfTx = "14 50 00 00 21", kVhfRx = "14 50 00 00 11";
-const QString kUhfRx = "43 30 00 00 11", kUhfTx = "43 30 00 00 21";
-const QString kStatus = "00 00 00 00 e7", kSatOff = "00 00 00 00 8e";
+const QString kVhfTx = "14 50 00 00 21", kVhfRx = "14 50 00 00 11", kUhfRx = "43 30 00 00 11";
+const QString kStatus = "00 00 00 00 e7", kSatOn = "00 00 00 00 4e", kSatOff = "00 00 00 00 8e";
 
 struct Repeater : OnAir {
     Repeater() : OnAir(RigFT847) {}
-
-    // Opens the window as the tick does; the operator's part runs while it is up.
-    void open(std::function<void()> operate) {
-        windows.operators[FormId::frmXBandRepeat] = std::move(operate);
+    // Opens the window as the tick does and presses Start; each event runs at its virtual
+    // millisecond of the run, and then, with the window still up, what comes after.
+    void run(std::vector<std::pair<uint32_t, std::function<void()>>> events,
+             std::function<void()> after = {}) {
+        windows.operators[FormId::frmXBandRepeat] = [this, events, after] {
+            for (const auto& [ms, event] : events) pump.at(clock.now + ms, event);
+            frmXBandRepeat_cmdStart_Click(c);
+            if (after) after();
+        };
         cmdXBand_Click(c);
         tick();
     }
-    // The operator presses Start, then Stop after ms of virtual time, then Exit.
-    void runFor(uint32_t ms) {
-        open([this, ms] {
-            pump.at(clock.now + ms, [this] { frmXBandRepeat_cmdStop_Click(c); });
-            frmXBandRepeat_cmdStart_Click(c);
-            frmXBandRepeat_cmdExit_Click(c);
-        });
+    std::function<void()> stop() {
+        return [this] { frmXBandRepeat_cmdStop_Click(c); };
     }
     // The five-byte frames the rig received, in order, as hex.
     QStringList frames() {
@@ -38,38 +37,21 @@ struct Repeater : OnAir {
         for (qsizetype i = 0; i + 5 <= all.size(); i += 5) out << all.mid(i, 5).toHex(' ');
         return out;
     }
-    sim::RigState& rigState() { return rig().state(); }
 };
 
-TEST(XBandRepeat, LoadsBothSidesInSatelliteModeAndTellsTheOperatorAboutMenu41) {
+TEST(XBandRepeat, PutsBothSidesInSatelliteModeAndTakesItOutAtStop) {
     Repeater r;
-    bool pollStopped = false;
-    r.open([&] {
-        pollStopped = !r.pollTimer.on;
-        r.pump.at(r.clock.now + 100, [&] {
-            EXPECT_TRUE(r.rigState().satellite);
-            EXPECT_EQ(r.rigState().satTxHz, 145000000);  // VHF transmits first, in FM
-            EXPECT_EQ(r.rigState().satRxHz, 433000000);
-            EXPECT_EQ(r.rigState().satTxMode, "FM");
-            EXPECT_EQ(r.c.frmXBandRepeat.txtVfoA.backColour, Red);
-            EXPECT_EQ(r.c.frmXBandRepeat.txtVFOB.backColour, PaleGreen);
-            frmXBandRepeat_cmdStop_Click(r.c);
-        });
-        frmXBandRepeat_cmdStart_Click(r.c);
-        frmXBandRepeat_cmdExit_Click(r.c);
-    });
-    EXPECT_TRUE(pollStopped);
-    EXPECT_TRUE(r.pollTimer.on);  // polling goes on once the window has closed
+    bool running = false;
+    r.run(
+        {{100, [&] { running = r.rig().state().satellite && !r.pollTimer.on; }}, {200, r.stop()}});
+    EXPECT_TRUE(running);
     const QStringList f = r.frames();
-    ASSERT_GE(f.size(), 8);
-    EXPECT_EQ(f.mid(0, 6), (QStringList{"00 00 00 00 00", "00 00 00 00 4e", kVhfTx, kUhfRx,
-                                        "08 00 00 00 27", "08 00 00 00 17"}));
-    EXPECT_EQ(f[6], kStatus);
+    EXPECT_EQ(f.mid(0, 7), (QStringList{"00 00 00 00 00", kSatOn, kVhfTx, kUhfRx, "08 00 00 00 27",
+                                        "08 00 00 00 17", kStatus}));
     EXPECT_EQ(r.dialogs.messages.at(0).text, "Set menu 41 X-RPT to ON, then click OK");
-    // Stop, then Exit: satellite off each time, and both boxes white.
-    EXPECT_EQ(f.mid(f.size() - 2), (QStringList{kSatOff, kSatOff}));
-    EXPECT_FALSE(r.rigState().satellite);
-    EXPECT_EQ(r.c.frmXBandRepeat.txtVfoA.backColour, White);
+    EXPECT_EQ(f.last(), kSatOff);
+    EXPECT_FALSE(r.rig().state().satellite);
+    EXPECT_TRUE(r.pollTimer.on);  // polling goes on once the window has closed
 }
 
 // The dwell is counted in quiet status reads: 50 less the slider's value, then the swap.
@@ -77,128 +59,72 @@ TEST(XBandRepeat, SwapsTheTwoSidesAfterTheDwellOfTheSlider) {
     for (const auto& [slider, reads] : {std::pair{30, 21}, {40, 11}, {20, 31}}) {
         Repeater r;
         r.c.frmXBandRepeat.Slider1.value = slider;
-        r.runFor(1500);
+        r.run({{1500, r.stop()}});
         const QStringList f = r.frames();
         const qsizetype swap = f.indexOf(kVhfRx);
         ASSERT_GT(swap, 0) << slider;
         EXPECT_EQ(f.mid(0, swap).count(kStatus), reads) << slider;
-        EXPECT_EQ(f.mid(swap, 4),
-                  (QStringList{kVhfRx, kUhfTx, "08 00 00 00 27", "08 00 00 00 17"}));
+        EXPECT_EQ(f.mid(swap + 1, 3),
+                  (QStringList{"43 30 00 00 21", "08 00 00 00 27", "08 00 00 00 17"}));
     }
 }
 
 TEST(XBandRepeat, HoldsWhileTheSquelchIsOpenAndSwapsSoonAfterItCloses) {
     Repeater r;
-    r.rigState().squelchOpen = true;
-    bool heard = false;
+    r.rig().state().squelchOpen = true;
     int swapsWhileOpen = -1;
-    r.open([&] {
-        const uint32_t t0 = r.clock.now;
-        r.pump.at(t0 + 2000, [&] {
-            heard = r.c.s.XBandSignal;
-            swapsWhileOpen = r.frames().count(kVhfRx);
-            r.rigState().squelchOpen = false;
-        });
-        r.pump.at(t0 + 2600, [&] { frmXBandRepeat_cmdStop_Click(r.c); });
-        frmXBandRepeat_cmdStart_Click(r.c);
-    });
-    EXPECT_TRUE(heard);
+    r.run({{2000,
+            [&] {
+                swapsWhileOpen = r.frames().count(kVhfRx);
+                r.rig().state().squelchOpen = false;
+            }},
+           {2600, r.stop()}});
     EXPECT_EQ(swapsWhileOpen, 0);
     EXPECT_EQ(r.frames().count(kVhfRx), 1);
-    EXPECT_EQ(r.rigState().satTxHz, 433000000);  // UHF transmits now
 }
 
 TEST(XBandRepeat, StopThenStartBeginsWithVhfOnTransmitAgain) {
     Repeater r;
-    r.open([&] {
-        // Stopped after one swap, with UHF on transmit.
-        r.pump.at(r.clock.now + 600, [&] { frmXBandRepeat_cmdStop_Click(r.c); });
-        frmXBandRepeat_cmdStart_Click(r.c);
-        EXPECT_EQ(r.c.frmXBandRepeat.FreqVHF[4], 0x11);
-        r.pump.at(r.clock.now + 100, [&] { frmXBandRepeat_cmdStop_Click(r.c); });
+    // Stopped after one swap, with UHF on transmit, and started again.
+    r.run({{600, r.stop()}}, [&] {
+        r.pump.at(r.clock.now + 100, r.stop());
         frmXBandRepeat_cmdStart_Click(r.c);
     });
     const QStringList f = r.frames();
-    const qsizetype restart = f.lastIndexOf("00 00 00 00 4e");
-    ASSERT_GT(restart, 0);
-    EXPECT_EQ(f[restart + 1], kVhfTx);
-    EXPECT_EQ(r.c.frmXBandRepeat.txtVfoA.backColour, White);
+    ASSERT_EQ(f.count(kSatOn), 2);
+    EXPECT_EQ(f.mid(0, f.lastIndexOf(kSatOn)).count(kVhfRx), 1);
+    EXPECT_EQ(f[f.lastIndexOf(kSatOn) + 1], kVhfTx);
 }
 
-// Closing the window (its unload) during a run ends the loop, and the rig leaves satellite mode.
-TEST(XBandRepeat, ClosingTheWindowDuringARunEndsItCleanly) {
-    Repeater r;
-    r.open([&] {
-        r.pump.at(r.clock.now + 300, [&] { frmXBandRepeat_Unload(r.c); });
-        frmXBandRepeat_cmdStart_Click(r.c);
-    });
-    EXPECT_FALSE(r.rigState().satellite);
-    EXPECT_FALSE(r.c.frmXBandRepeat.running);
-    EXPECT_EQ(r.frames().last(), kSatOff);
-}
+// The window's unload (its closing) ends a run; a lost reply leaves it as it stood, satellite
+// mode included, until Exit.
+TEST(XBandRepeat, ClosingEndsARunAndATimeoutLeavesItUntilExit) {
+    Repeater closing;
+    closing.run({{300, [&] { frmXBandRepeat_Unload(closing.c); }}});
+    EXPECT_FALSE(closing.rig().state().satellite);
+    EXPECT_FALSE(closing.c.frmXBandRepeat.running);
 
-// A lost status reply leaves the loop at once and leaves the rig in satellite mode; Exit
-// still takes it out.
-TEST(XBandRepeat, ATimeoutLeavesTheRunAsItStoodUntilExit) {
-    Repeater r;
-    r.open([&] {
-        r.pump.at(r.clock.now + 200, [&] { r.rig().faults().silent = true; });
-        frmXBandRepeat_cmdStart_Click(r.c);
-        EXPECT_TRUE(r.rigState().satellite);
-        EXPECT_EQ(r.c.frmXBandRepeat.txtVfoA.backColour, Red);
-        EXPECT_EQ(r.frames().last(), kStatus);
-        frmXBandRepeat_cmdExit_Click(r.c);
+    Repeater lost;
+    lost.run({{200, [&] { lost.rig().faults().silent = true; }}}, [&] {
+        EXPECT_TRUE(lost.rig().state().satellite);
+        EXPECT_EQ(lost.c.frmXBandRepeat.txtVfoA.backColour, Red);
+        EXPECT_EQ(lost.frames().last(), kStatus);
+        frmXBandRepeat_cmdExit_Click(lost.c);
+        EXPECT_EQ(lost.frames().last(), kSatOff);
     });
-    EXPECT_FALSE(r.rigState().satellite);
 }
 
 // Each digit reads the stored frequency again, and beeps rather than leave the band.
 TEST(XBandRepeat, DigitButtonsStayWithinTheirBand) {
-    struct Case {
-        void (*press)(Core&, int);
-        int digit;
-        const char* stored;
-        bool accepted;
-        const char* shown;
-    };
-    const Case cases[] = {
-        {frmXBandRepeat_cmdFreqAPlus_Click, 3, "14500000", true, "145.100.00"},
-        {frmXBandRepeat_cmdFreqAPlus_Click, 7, "14800000", false, "148.000.00"},
-        {frmXBandRepeat_cmdFreqAPlus_Click, 0, "14400000", false, "144.000.00"},
-        {frmXBandRepeat_cmdFreqAMinus_Click, 2, "14499999", false, "144.999.99"},
-        {frmXBandRepeat_cmdFreqAMinus_Click, 2, "14500000", true, "144.000.00"},
-        {frmXBandRepeat_cmdFreqBPlus_Click, 1, "44000000", true, "450.000.00"},
-        {frmXBandRepeat_cmdFreqBPlus_Click, 0, "43000000", false, "430.000.00"},
-        {frmXBandRepeat_cmdFreqBMinus_Click, 6, "43000009", false, "430.000.09"},
-    };
-    for (const Case& t : cases) {
-        Harness h;
-        const bool vhf = t.press == frmXBandRepeat_cmdFreqAPlus_Click ||
-                         t.press == frmXBandRepeat_cmdFreqAMinus_Click;
-        const QString key = vhf ? "VHFfreq" : "UHFfreq";
-        h.setting(key, t.stored);
-        frmXBandRepeat_Load(h.c);
-        t.press(h.c, t.digit);
-        const TextBox& box = vhf ? h.c.frmXBandRepeat.txtVfoA : h.c.frmXBandRepeat.txtVFOB;
-        EXPECT_EQ(box.text, t.shown) << t.stored << " digit " << t.digit;
-        EXPECT_EQ(h.system.beeps, t.accepted ? 0 : 1) << t.stored << " digit " << t.digit;
-        EXPECT_EQ(h.stored("Settings", key), t.accepted ? QString(t.shown).remove('.') : t.stored);
-    }
-}
-
-TEST(XBandRepeat, IsRefusedDuringALongJobAndComesAfterTheReading) {
-    Repeater r;
-    r.c.s.Transmitting = true;
-    cmdXBand_Click(r.c);
-    EXPECT_FALSE(r.c.s.PendingXBand);
-    r.c.s.Transmitting = false;
-    r.c.s.ForceUpdate = true;
-    r.runFor(100);
-    const QStringList f = r.frames();
-    ASSERT_GE(f.size(), 4);
-    EXPECT_EQ(f[0], "00 00 00 00 03");  // the tick's reading first
-    EXPECT_EQ(f.indexOf("00 00 00 00 4e"), f.indexOf("00 00 00 00 00") + 1);
-    EXPECT_GT(f.indexOf("00 00 00 00 00"), 0);
+    Harness h;
+    h.setting("VHFfreq", "14790000");
+    frmXBandRepeat_cmdFreqAPlus_Click(h.c, 2);  // 1 MHz more would be 148.900.00
+    h.setting("UHFfreq", "44000000");
+    frmXBandRepeat_cmdFreqBPlus_Click(h.c, 1);  // 450.000.00 is in
+    EXPECT_EQ(h.system.beeps, 1);
+    EXPECT_EQ(h.stored("Settings", "VHFfreq"), "14790000");
+    EXPECT_EQ(h.stored("Settings", "UHFfreq"), "45000000");
+    EXPECT_EQ(h.c.frmXBandRepeat.txtVFOB.text, "450.000.00");
 }
 
 }  // namespace
