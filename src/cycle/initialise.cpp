@@ -3,6 +3,9 @@
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "memories/banks.h"
+#include "memories/memory_tag.h"
+#include "memories/scan_ranges.h"
 #include "shell/customise.h"
 #include "tuning/bands.h"
 #include "tuning/delays.h"
@@ -152,6 +155,7 @@ void InitialiseVariables(Core& c) {
     s.RigctldAddress = TextSetting(c, "RigctldAddress", "127.0.0.1").trimmed();
     // 17. Memory tag, tuning steps and mouse steps.
     s.ShowMemoryTag = TextSetting(c, "ShowMemoryTag", "N") == "Y";
+    ShowMemoryTagFrame(c);
     s.StepLSB = NumberSetting(c, "StepLSB", "33");
     s.StepUSB = NumberSetting(c, "StepUSB", "33");
     s.StepCW = NumberSetting(c, "StepCW", "33");
@@ -174,8 +178,10 @@ void InitialiseVariables(Core& c) {
     // 20. Screen size.
     s.ScreenSize = TextSetting(c, "ScreenSize", "Small");
     s.RescaleFonts = TextSetting(c, "RescaleFonts", "Yes");
-    // 21. The band table; the quick memory banks and then the scan ranges load next.
+    // 21. The band table, the quick memory banks (bank 0 on show), then the scan ranges.
     LoadBands(c);
+    LoadBank(c, 0);
+    LoadScanRanges(c, 0);
     // 22. The band captions and the tuning steps.
     ShowBandCaptions(c);
     FillTuningSteps(c);

@@ -3,6 +3,7 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "memories/scan_ranges.h"
 #include "protocol/read_frequency.h"
 #include "shell/customise.h"
 #include "tuning/go_to.h"
@@ -219,6 +220,7 @@ void Form_Unload(Core& c) {
     SaveSettingsKey(c, "RescaleFonts", s.RescaleFonts);
     SaveSettingsKey(c, "MainTop", QString::number(c.f.top));
     SaveSettingsKey(c, "MainLeft", QString::number(c.f.left));
+    SaveScanRanges(c, 0);
     SaveSettingsKey(c, "GotSignal", QString::number(c.f.pbarGotSignal.value));
     c.p.system->endProcess();
 }

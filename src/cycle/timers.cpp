@@ -13,6 +13,7 @@
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
+#include "memories/memory_tag.h"
 #include "protocol/model_controls.h"
 #include "protocol/read_frequency.h"
 #include "protocol/tones.h"
@@ -68,6 +69,7 @@ struct PendingAction {
 };
 constexpr PendingAction kPendingActions[] = {
     {&State::TimedActive, RunTimedEvents},
+    {nullptr, CheckMemoryTag},
     {&State::PendingMetersPanel, ToggleMetersPanel},
     {&State::PendingDspPanel, ToggleDspPanel},
     {&State::GoToPending, ApplyGoTo},

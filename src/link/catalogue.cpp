@@ -132,6 +132,13 @@ bool IsKnownMode(const QString& mode) {
     return !mode.isEmpty() && ModeNames.contains(QLatin1Char('|') + mode + QLatin1Char('|'));
 }
 
+const QStringList& ModeList() {
+    static const QStringList list = {"AMN",  "AM",   "WAM",  "AMS",  "CW",   "CWN",  "CWR",
+                                     "CWRN", "FMN",  "FM",   "WFM",  "LSB",  "USB",  "DIG",
+                                     "PKT",  "PKTF", "PKTL", "RTYL", "RTYU", "USRU", "USRL"};
+    return list;
+}
+
 std::span<const char* const> Tones50() {
     return kTones50;
 }
@@ -142,6 +149,21 @@ std::span<const char* const> ShortTones() {
     static const auto list = MakeShortTones();
     return list;
 }
+
+QStringList RigToneList(const QString& rigType) {
+    QStringList tones;
+    const RigInfo* rig = FindRig(rigType);
+    std::span<const char* const> list;
+    if (rigType == RigFT1000MP)
+        list = ShortTones();
+    else if (rig && rig->tones == ToneList::Tones50)
+        list = Tones50();
+    else if (rig && rig->tones == ToneList::Tones39)
+        list = Tones39();
+    for (const char* tone : list) tones << tone;
+    return tones;
+}
+
 std::span<const char* const> DcsCodes() {
     return kDcsCodes;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <array>
@@ -80,12 +81,17 @@ inline const QString ModeNames = QStringLiteral(
     "|FM|FMN|WFM|AM|AMN|WAM|USB|LSB|CW|CWR|PKT|DIG|CWRN|CWN|AMS|PKTF|PKTL|RTYL|"
     "RTYU|USRU|USRL|");
 bool IsKnownMode(const QString& mode);
+// The 21 mode names in the order the mode lists of the windows offer them.
+const QStringList& ModeList();
 
 // Tone and code lists, each item in the form the operator sees ("67.0", "023").
 std::span<const char* const> Tones50();
 std::span<const char* const> Tones39();
 std::span<const char* const> ShortTones();
 std::span<const char* const> DcsCodes();
+// The tones the lists of the rig's windows offer: the short tones for the FT-1000MP, otherwise
+// the rig's own 50 or 39; none for "Not set".
+QStringList RigToneList(const QString& rigType);
 
 // Each of the 50 tones as a pair of BCD bytes of tenths of hertz: 67.0 Hz is 06 70.
 const std::array<uint8_t, 100>& ToneBCD();

@@ -56,9 +56,16 @@ struct TextBox : Control {
 };
 
 struct ComboBox : Control {
-    QStringList list;
+    QStringList list{};
     int listIndex = -1;  // -1: nothing chosen
+    QString text{};      // what the box shows while no item is chosen
 };
+
+// The text a list box shows: its chosen item's, or its own.
+inline QString ComboText(const ComboBox& box) {
+    return box.listIndex >= 0 && box.listIndex < box.list.size() ? box.list[box.listIndex]
+                                                                 : box.text;
+}
 
 // A frame groups controls; hiding it hides them all.
 struct Frame : Control {

@@ -128,16 +128,12 @@ struct State : TuningState,
     int32_t UHFfreq = 43300000;
 
     // Tone and shift defaults of the tune target.
-    QString BankSection = "Banks";
     QString TargetOffset = "600";
     QString TargetShift = "0";
     QString ToneCode = "0";
     QString ToneEncode = "0";
     QString ToneDecode = "0";
     QString VR5000LastFreqMode = "145.575f";
-
-    // Display.
-    bool ShowMemoryTag = false;
 
     // Writing frequency and mode.
     int32_t TargetFrequency = 0;

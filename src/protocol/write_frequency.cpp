@@ -317,6 +317,23 @@ std::pair<const ButtonRow*, int> ButtonsOf(const QString& rig) {
     return {nullptr, 0};
 }
 
+}  // namespace
+
+QStringList ButtonModes(const QString& rig) {
+    QStringList modes;
+    if (rig == RigVR5000) {
+        for (const char* mode : kVr5000Buttons)
+            if (mode) modes << mode;
+        return modes;
+    }
+    const auto [row, count] = ButtonsOf(rig);
+    for (int i = 0; row && i < count; ++i)
+        if ((*row)[i].mode) modes << (*row)[i].mode;
+    return modes;
+}
+
+namespace {
+
 // The FT-847's narrow button: the narrow form of the mode shown.
 void Ft847Narrow(Core& c) {
     static constexpr struct {

@@ -12,6 +12,9 @@ QString ModeForRig(const Core& c, const QString& mode);
 // not sent.
 bool ModeHasCommand(const QString& rig, const QString& mode);
 
+// The modes of the rig's mode buttons, in the buttons' order.
+QStringList ButtonModes(const QString& rig);
+
 // Both take their arguments by reference: the mode becomes the rig's nearest mode, and a
 // VR-5000 frequency may be rounded to its step.
 void SetFrequencyAndMode(Core& c, int32_t& frequency, QString& mode);

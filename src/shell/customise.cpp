@@ -141,17 +141,7 @@ void Customise(Core& c) {
         ToneLights(f);
     }
 
-    // The rig's tone list.
-    QStringList tones;
-    const RigInfo* info = FindRig(rig);
-    if (rig == RigFT1000MP) {
-        for (const char* t : ShortTones()) tones << t;
-    } else if (info && info->tones == ToneList::Tones39) {
-        for (const char* t : Tones39()) tones << t;
-    } else if (info && info->tones == ToneList::Tones50) {
-        for (const char* t : Tones50()) tones << t;
-    }
-    f.cboCTCSS.list = tones;
+    f.cboCTCSS.list = RigToneList(rig);
     f.cboCTCSS.listIndex = -1;
 }
 

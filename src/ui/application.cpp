@@ -7,6 +7,8 @@
 #include "ui/meters_panel.h"
 #include "ui/record_window.h"
 #include "ui/xband_window.h"
+#include "ui/scanner_dialog.h"
+#include "ui/set_memory_dialog.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -55,6 +57,10 @@ Application::Application()
                  [this] { return new XBandWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frm450DSP, [this] { return new DspPanel(c_, views_, window_.get()); });
     windows_.add(FormId::frmMeters, [this] { return new MetersPanel(c_, views_, window_.get()); });
+    windows_.add(FormId::frmSetMemory,
+                 [this] { return new SetMemoryDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmScanner,
+                 [this] { return new ScannerDialog(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);
 }
 

@@ -39,7 +39,9 @@ MainWindow::MainWindow(Core& core, Views& views)
     auto* right = new QVBoxLayout();
     right->addWidget(BuildTransmitGroup(kit_, central));
     right->addWidget(BuildRepeaterGroup(kit_, central));
+    right->addWidget(BuildMemoriesGroup(kit_, central));
     right->addWidget(BuildNotesGroup(kit_, central));
+    right->addWidget(BuildScanGroup(kit_, central));
     right->addStretch();
     columns->addLayout(left, 3);
     columns->addLayout(right, 2);

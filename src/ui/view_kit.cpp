@@ -1,15 +1,19 @@
 #include "ui/view_kit.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
+#include <QTimer>
 
 #include <algorithm>
 #include <memory>
@@ -45,6 +49,100 @@ void ShowCaption(W* w, const QString& caption, const QString& toolTip) {
     ShowText(w, caption);
     SetAccessible(w, caption, toolTip);
 }
+
+// The mouse buttons as the program's handlers number them.
+int ButtonNumber(Qt::MouseButton button) {
+    switch (button) {
+        case Qt::LeftButton:
+            return 1;
+        case Qt::RightButton:
+            return 2;
+        case Qt::MiddleButton:
+            return 4;
+        default:
+            return 0;
+    }
+}
+
+// A label that takes both mouse buttons and the double click. The kit runs its handlers.
+class ClickLabel : public QPushButton {
+  public:
+    ClickLabel(const QString& text, QWidget* parent, std::function<void(const Handler&)> run,
+               LabelHandlers handlers)
+        : QPushButton(text, parent), run_(std::move(run)), h_(std::move(handlers)) {
+        // The keyboard's click: Space, as on any button.
+        connect(this, &QPushButton::clicked, this, [this] { click(); });
+    }
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        afterDouble_ = false;
+        setDown(true);
+        event->accept();
+    }
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        afterDouble_ = true;
+        setDown(true);
+        event->accept();
+        if (h_.dblClick) run_(h_.dblClick);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        setDown(false);
+        event->accept();
+        const int button = ButtonNumber(event->button());
+        const bool clicked = !afterDouble_ && rect().contains(event->position().toPoint());
+        afterDouble_ = false;
+        if (h_.mouseUp) run_([this, button](Core& c) { h_.mouseUp(c, button); });
+        if (clicked) click();
+    }
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        event->accept();
+        // The menu key stands for the right button; a right click is dealt with on release.
+        if (event->reason() != QContextMenuEvent::Keyboard) return;
+        if (h_.mouseUp) run_([this](Core& c) { h_.mouseUp(c, 2); });
+        click();
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (h_.dblClickKey != 0 && event->key() == h_.dblClickKey && h_.dblClick) {
+            run_(h_.dblClick);
+            return;
+        }
+        QPushButton::keyPressEvent(event);
+    }
+
+  private:
+    void click() {
+        if (h_.click) run_(h_.click);
+    }
+    std::function<void(const Handler&)> run_;
+    LabelHandlers h_;
+    bool afterDouble_ = false;
+};
+
+// Runs the check of a box when the operator moves to another control of the window; the focus
+// leaving with the window (a message box, another window) is no leaving of the box.
+class FocusOutFilter : public QObject {
+  public:
+    FocusOutFilter(QWidget* box, std::function<bool()> leave)
+        : QObject(box), leave_(std::move(leave)) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::FocusOut) return false;
+        switch (static_cast<QFocusEvent*>(event)->reason()) {
+            case Qt::TabFocusReason:
+            case Qt::BacktabFocusReason:
+            case Qt::MouseFocusReason:
+            case Qt::ShortcutFocusReason:
+                leave_();
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+
+  private:
+    std::function<bool()> leave_;
+};
 
 }  // namespace
 
@@ -98,6 +196,13 @@ void OnEvent(QObject* target, std::function<bool(QEvent*)> fn) {
     new EventHook(target, std::move(fn));
 }
 
+QLabel* BuddyLabel(const QString& text, QWidget* box) {
+    auto* label = new QLabel(text, box->parentWidget());
+    label->setBuddy(box);
+    box->setAccessibleName(PlainCaption(text));
+    return label;
+}
+
 void Views::renderAll() {
     // A render may open or close a window, whose kit then joins or leaves the list.
     const std::vector<ViewKit*> kits = kits_;
@@ -139,6 +244,7 @@ QPushButton* ViewKit::button(QWidget* parent, const QString& name, const Command
                              Handler onClick, const QString& fallback, const QString& keyTip) {
     auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
     b->setObjectName(name);
+    bind(model, b);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(b, &QPushButton::clicked, b, [this, onClick] {
@@ -166,6 +272,7 @@ QPushButton* ViewKit::labelButton(QWidget* parent, const QString& name, const La
                                   const QString& fallbackTip) {
     auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
     b->setObjectName(name);
+    bind(model, b);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(b, &QPushButton::clicked, b, [this, onClick] {
@@ -177,6 +284,25 @@ QPushButton* ViewKit::labelButton(QWidget* parent, const QString& name, const La
         ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
         ShowControl(b, model, &tip);
         if (!wired) b->setEnabled(false);
+        ShowColour(b, model.backColour);
+    });
+    return b;
+}
+
+QPushButton* ViewKit::clickLabel(QWidget* parent, const QString& name, const Label& model,
+                                 LabelHandlers handlers, const QString& fallback,
+                                 const QString& fallbackTip) {
+    auto run = [this](const Handler& handler) {
+        if (!rendering_) handle(handler);
+    };
+    auto* b = new ClickLabel(model.caption.isEmpty() ? fallback : model.caption, parent, run,
+                             std::move(handlers));
+    b->setObjectName(name);
+    bind(model, b);
+    onRender([b, &model, fallback, fallbackTip] {
+        const QString tip = model.toolTip.isEmpty() ? fallbackTip : model.toolTip;
+        ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
+        ShowControl(b, model, &tip);
         ShowColour(b, model.backColour);
     });
     return b;
@@ -194,6 +320,7 @@ QLabel* ViewKit::light(QWidget* parent, const QString& name, const Label& model)
 QLabel* ViewKit::label(QWidget* parent, const QString& name, const Label& model) {
     auto* l = new QLabel(model.caption, parent);
     l->setObjectName(name);
+    bind(model, l);
     onRender([l, &model] {
         // A label is read by its text; its tool tip says what the text is. Its lines may end
         // in CR LF, as the program writes them.
@@ -209,6 +336,7 @@ QRadioButton* ViewKit::option(QWidget* parent, const QString& name, OptionButton
                               const QString& fallback, Handler onClick) {
     auto* o = new QRadioButton(model.caption.isEmpty() ? fallback : model.caption, parent);
     o->setObjectName(name);
+    bind(model, o);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(o, &QRadioButton::clicked, o, [this, &model, onClick] {
@@ -251,6 +379,7 @@ std::vector<QRadioButton*> ViewKit::options(QWidget* parent, const QString& name
 QCheckBox* ViewKit::check(QWidget* parent, const QString& name, CheckBox& model, Handler onClick) {
     auto* box = new QCheckBox(model.caption, parent);
     box->setObjectName(name);
+    bind(model, box);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(box, &QCheckBox::clicked, box, [this, &model, onClick](bool checked) {
@@ -272,6 +401,7 @@ QCheckBox* ViewKit::check(QWidget* parent, const QString& name, CheckBox& model,
 QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model) {
     auto* e = new QLineEdit(model.text, parent);
     e->setObjectName(name);
+    bind(model, e);
     QObject::connect(e, &QLineEdit::textEdited, e,
                      [&model](const QString& text) { model.text = text; });
     onRender([this, e, &model] {
@@ -287,6 +417,7 @@ QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model
 QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick) {
     auto* box = new QComboBox(parent);
     box->setObjectName(name);
+    bind(model, box);
     QObject::connect(box, &QComboBox::activated, box, [this, &model, onClick](int index) {
         if (rendering_) return;
         model.listIndex = index;
@@ -300,6 +431,9 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
             box->addItems(model.list);
         }
         if (box->currentIndex() != model.listIndex) box->setCurrentIndex(model.listIndex);
+        // With no item chosen the box shows its own text, if it has one.
+        if (!model.text.isEmpty() && box->placeholderText() != model.text)
+            box->setPlaceholderText(model.text);
         ShowControl(box, model);
         SetAccessibleValue(box, model.toolTip);
     });
@@ -309,6 +443,7 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
 QSlider* ViewKit::slider(QWidget* parent, const QString& name, Slider& model, Handler onChange) {
     auto* s = new QSlider(Qt::Horizontal, parent);
     s->setObjectName(name);
+    bind(model, s);
     s->setRange(model.min, model.max);
     const bool wired = static_cast<bool>(onChange);
     if (wired) {
@@ -357,6 +492,7 @@ QScrollBar* ViewKit::scrollBar(QWidget* parent, const QString& name, Slider& mod
 QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressBar& model) {
     auto* b = new QProgressBar(parent);
     b->setObjectName(name);
+    bind(model, b);
     b->setTextVisible(false);
     onRender([b, &model] {
         if (b->minimum() != model.min || b->maximum() != model.max)
@@ -371,11 +507,53 @@ QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressB
 QGroupBox* ViewKit::frame(QWidget* parent, const QString& name, const Frame& model) {
     auto* box = new QGroupBox(model.caption, parent);
     box->setObjectName(name);
+    bind(model, box);
     onRender([box, &model] {
         ShowControl(box, model);
         if (box->title() != model.caption) box->setTitle(model.caption);
     });
     return box;
+}
+
+}  // namespace veldor
+
+namespace veldor {
+
+void ViewKit::bind(const Control& model, QWidget* widget) {
+    widgets_.emplace_back(&model, widget);
+}
+
+QWidget* ViewKit::widgetOf(const Control& model) const {
+    for (const auto& [control, widget] : widgets_)
+        if (control == &model) return widget;
+    return nullptr;
+}
+
+void ViewKit::lostFocus(QWidget* box, std::function<bool(Core&)> check) {
+    auto leave = [this, box, check] {
+        if (checking_ || rendering_) return true;
+        bool back = false;
+        checking_ = true;
+        handle([&](Core& c) { back = check(c); });
+        checking_ = false;
+        if (back) {
+            // After the focus has finished moving away.
+            QTimer::singleShot(0, box, [box] {
+                box->setFocus(Qt::OtherFocusReason);
+                if (auto* edit = qobject_cast<QLineEdit*>(box)) edit->selectAll();
+            });
+        }
+        return !back;
+    };
+    box->installEventFilter(new FocusOutFilter(box, leave));
+    focusChecks_.emplace_back(box, leave);
+}
+
+bool ViewKit::leaveFocusedBox() {
+    QWidget* focused = QApplication::focusWidget();
+    for (const auto& [box, leave] : focusChecks_)
+        if (box == focused) return leave();
+    return true;
 }
 
 }  // namespace veldor

@@ -32,6 +32,15 @@ namespace veldor {
 
 using Handler = std::function<void(Core&)>;
 
+// What a label the operator clicks does with the mouse. The buttons are numbered as the
+// program's handlers know them: 1 left, 2 right, 4 middle.
+struct LabelHandlers {
+    Handler click;
+    std::function<void(Core&, int button)> mouseUp;
+    Handler dblClick;
+    int dblClickKey = 0;  // a key that does what a double click does (Qt::Key), 0 for none
+};
+
 class ViewKit;
 
 // All windows' kits: a handler's effect shows in every window at once.
@@ -69,6 +78,13 @@ class ViewKit {
                              Handler onClick, const QString& fallback = {},
                              const QString& fallbackTip = {});
     // A framed label whose back colour is a light.
+    // A label that takes either mouse button and the double click, drawn as a button. As on
+    // the system the program was made for, letting a button go gives MouseUp and then Click, so
+    // a right click clicks too; a double click gives DblClick and MouseUp in place of the second
+    // click. From the keyboard, Space clicks and the menu key is a right click.
+    QPushButton* clickLabel(QWidget* parent, const QString& name, const Label& model,
+                            LabelHandlers handlers, const QString& fallback = {},
+                            const QString& fallbackTip = {});
     QLabel* light(QWidget* parent, const QString& name, const Label& model);
     QLabel* label(QWidget* parent, const QString& name, const Label& model);
     QRadioButton* option(QWidget* parent, const QString& name, OptionButton& model,
@@ -89,14 +105,27 @@ class ViewKit {
     QProgressBar* bar(QWidget* parent, const QString& name, const ProgressBar& model);
     QGroupBox* frame(QWidget* parent, const QString& name, const Frame& model);
 
+    // A check run when the operator leaves the box for another control of its window; when it
+    // returns true the focus goes back to the box.
+    void lostFocus(QWidget* box, std::function<bool(Core&)> check);
+    // Runs the check of the box that has the focus, as leaving it would (a button that acts on
+    // the boxes runs this first): false when the focus went back.
+    bool leaveFocusedBox();
+    // The widget of a control of this kit's form; nullptr for a control it does not show.
+    QWidget* widgetOf(const Control& model) const;
+
   private:
     // Gives the widget the keyboard focus when the core asks it for the control.
     void takeFocus(QWidget* widget, const Control& control);
 
+    void bind(const Control& model, QWidget* widget);
     Core& c_;
     Views& views_;
     std::vector<std::function<void()>> renderers_;
+    std::vector<std::pair<const Control*, QWidget*>> widgets_;
+    std::vector<std::pair<QWidget*, std::function<bool()>>> focusChecks_;
     bool rendering_ = false;
+    bool checking_ = false;
 };
 
 // Runs fn for each event of target before target sees it; fn returns true to keep the event
@@ -111,5 +140,8 @@ QString PlainCaption(const QString& caption);
 void SetAccessible(QWidget* widget, const QString& caption, const QString& toolTip);
 // The same for a box that shows a value (an entry, a list, a bar, a slider).
 void SetAccessibleValue(QWidget* widget, const QString& toolTip);
+// A label beside a box: its access key moves to the box, and a screen reader names the box by
+// it.
+QLabel* BuddyLabel(const QString& text, QWidget* box);
 
 }  // namespace veldor

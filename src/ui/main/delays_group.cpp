@@ -5,9 +5,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QSlider>
 
 namespace veldor {
@@ -16,11 +14,7 @@ QWidget* BuildDelaysGroup(ViewKit& kit, QWidget* parent) {
     Form1& f = kit.core().f;
     auto* box = new QGroupBox(parent);
     auto* grid = new QGridLayout(box);
-    auto* scan = new QHBoxLayout();
-    scan->addWidget(kit.button(box, "cmdScanMemOrBank", f.cmdScanMemOrBank, {}));
-    scan->addWidget(kit.button(box, "cmdStartStopScan", f.cmdStartStopScan, {}));
     grid->addWidget(kit.check(box, "chkSliders", f.chkSliders, chkSliders_Click), 0, 0);
-    grid->addLayout(scan, 0, 2, Qt::AlignRight);
     auto row = [&](int at, const char* labelName, const Label& label, const char* sliderName,
                    Slider& slider, void (*handler)(Core&)) {
         QLabel* l = kit.label(box, labelName, label);

@@ -23,7 +23,7 @@ QWidget* BuildRepeaterGroup(ViewKit& kit, QWidget* parent);
 QWidget* BuildModelFrames(ViewKit& kit, QWidget* parent);
 // The buttons that open the other windows, and the timed events.
 QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent);
-// The delay sliders, and the scan buttons beside them.
+// The delay sliders.
 QWidget* BuildDelaysGroup(ViewKit& kit, QWidget* parent);
 // The step grid and knob, the megahertz buttons, GoTo and the transverter frame.
 QWidget* BuildTuningGroup(ViewKit& kit, QWidget* parent);
@@ -33,5 +33,9 @@ QWidget* BuildBandsGroup(ViewKit& kit, QWidget* parent);
 QWidget* BuildNotesGroup(ViewKit& kit, QWidget* parent);
 // The mouse wheel over the widget turns the tuning knob, a step a notch.
 void WheelTunes(ViewKit& kit, QWidget* over);
+// The bank buttons, the twelve memories of the bank on show, and the memory tag.
+QWidget* BuildMemoriesGroup(ViewKit& kit, QWidget* parent);
+// The scan range, the button that defines the ranges, and the scan buttons.
+QWidget* BuildScanGroup(ViewKit& kit, QWidget* parent);
 
 }  // namespace veldor

@@ -2,6 +2,8 @@
 
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
+#include "memories/banks.h"
+#include "memories/memory_tag.h"
 #include "protocol/model_controls.h"
 #include "protocol/transmit.h"
 #include "tuning/go_to.h"
@@ -153,7 +155,7 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
     options->addSeparator()->setObjectName("mnuOptionsLine2");
     Items(kit, options,
           {{"mnuXvtr", &f.mnuXvtr, mnuXvtr_Click, Qt::Key_F5, true},
-           {"mnuMemoryTag", &f.mnuMemoryTag, {}, Qt::Key_F6, true},
+           {"mnuMemoryTag", &f.mnuMemoryTag, mnuMemoryTag_Click, Qt::Key_F6, true},
            {"mnuShowLargeGoTo", &f.mnuShowLargeGoTo, mnuShowLargeGoTo_Click, Qt::Key_F7, true}});
 
     QMenu* clickSet = Menu(bar, "mnuClickSet", "ClickSet");
@@ -161,12 +163,11 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
     QMenu* goTo = Submenu(clickSet, "mnuGoTo", "GoTo");
     for (int m = 1; m <= 12; ++m) {
         Item(kit, set,
-             {QString("mnuSetM%1").arg(m), &f.mnuSetM[m - 1], {}, MemoryKey(Qt::ShiftModifier, m)});
+             {QString("mnuSetM%1").arg(m), &f.mnuSetM[m - 1], [m](Core& c) { mnuSetM_Click(c, m); },
+              MemoryKey(Qt::ShiftModifier, m)});
         Item(kit, goTo,
-             {QString("mnuGoToM%1").arg(m),
-              &f.mnuGoToM[m - 1],
-              {},
-              MemoryKey(Qt::ControlModifier, m)});
+             {QString("mnuGoToM%1").arg(m), &f.mnuGoToM[m - 1],
+              [m](Core& c) { mnuGoToM_Click(c, m); }, MemoryKey(Qt::ControlModifier, m)});
     }
 
     Items(kit, Menu(bar, "mnuScan", "Scan"),
