@@ -66,6 +66,9 @@ QString GetSetting(Core& c, const QString& appName, const QString& section, cons
                    const QString& defaultValue);
 void SaveSetting(Core& c, const QString& appName, const QString& section, const QString& key,
                  const QString& value);
+// Keys of one section that belong together (a bank, the scan ranges), saved in one write.
+void SaveSettings(Core& c, const QString& appName, const QString& section,
+                  const QList<QPair<QString, QString>>& values);
 QList<QPair<QString, QString>> GetAllSettings(Core& c, const QString& appName,
                                               const QString& section);
 

@@ -83,6 +83,11 @@ class SettingsStore {
                         const QString& defaultValue) = 0;
     virtual void save(const QString& appName, const QString& section, const QString& key,
                       const QString& value) = 0;
+    // Several keys of one section, written to the store together.
+    virtual void saveAll(const QString& appName, const QString& section,
+                         const QList<QPair<QString, QString>>& values) {
+        for (const auto& [key, value] : values) save(appName, section, key, value);
+    }
     virtual QList<QPair<QString, QString>> getAll(const QString& appName,
                                                   const QString& section) = 0;
 };

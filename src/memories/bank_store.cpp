@@ -61,23 +61,26 @@ void LoadBank(Core& c, int bank) {
     LoadBankNames(c);
 }
 
+// A bank is saved in one write of the store: all of it or, should the write fail, none.
 void SaveBank(Core& c, int bank) {
     const State& s = c.s;
+    QList<QPair<QString, QString>> keys;
     for (int i = 0; i < 12; ++i)
         for (const BankField& field : kBankFields)
-            SaveSetting(c, s.AppName, s.BankSection, BankKey(bank, i, field.suffix),
-                        (s.*field.values)[i]);
+            keys.append({BankKey(bank, i, field.suffix), (s.*field.values)[i]});
+    SaveSettings(c, s.AppName, s.BankSection, keys);
 }
 
 void ClearBank(Core& c, int bank) {
     const State& s = c.s;
+    QList<QPair<QString, QString>> keys;
     for (int i = 0; i < 12; ++i) {
         for (const BankField& field : kBankFields)
             if (!field.keptByClear)
-                SaveSetting(c, s.AppName, s.BankSection, BankKey(bank, i, field.suffix),
-                            field.defaultValue);
+                keys.append({BankKey(bank, i, field.suffix), field.defaultValue});
         c.f.lblStore[i].caption = "Empty";
     }
+    SaveSettings(c, s.AppName, s.BankSection, keys);
 }
 
 void LoadBankNames(Core& c) {

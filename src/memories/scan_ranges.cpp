@@ -89,10 +89,11 @@ void LoadScanRanges(Core& c, int bank) {
 
 void SaveScanRanges(Core& c, int bank) {
     const State& s = c.s;
+    QList<QPair<QString, QString>> keys;
     for (int i = 0; i < 20; ++i)
         for (const RangeField& field : kRangeFields)
-            SaveSetting(c, s.AppName, "Scanner", RangeKey(bank, field.stem, i),
-                        s.ScanRanges[i].*field.value);
+            keys.append({RangeKey(bank, field.stem, i), s.ScanRanges[i].*field.value});
+    SaveSettings(c, s.AppName, "Scanner", keys);
 }
 
 }  // namespace veldor

@@ -114,9 +114,8 @@ QString IniStore::get(const QString& appName, const QString& section, const QStr
     return defaultValue;
 }
 
-void IniStore::save(const QString& appName, const QString& section, const QString& key,
-                    const QString& value) {
-    Document& doc = document(appName);
+bool IniStore::put(Document& doc, const QString& section, const QString& key,
+                   const QString& value) {
     auto s = std::find_if(doc.begin(), doc.end(),
                           [&](const Section& x) { return SameKey(x.name, section); });
     if (s == doc.end()) s = doc.insert(doc.end(), Section{section, {}});
@@ -124,12 +123,26 @@ void IniStore::save(const QString& appName, const QString& section, const QStrin
                           [&](const auto& x) { return SameKey(x.first, key); });
     if (e == s->entries.end()) {
         s->entries.push_back({key, value});
-    } else {
-        // The poll writes the rig's values on every tick; most of them have not changed.
-        if (e->second == value) return;
-        e->second = value;
+        return true;
     }
-    write(appName, doc);
+    // The poll writes the rig's values on every tick; most of them have not changed.
+    if (e->second == value) return false;
+    e->second = value;
+    return true;
+}
+
+void IniStore::save(const QString& appName, const QString& section, const QString& key,
+                    const QString& value) {
+    Document& doc = document(appName);
+    if (put(doc, section, key, value)) write(appName, doc);
+}
+
+void IniStore::saveAll(const QString& appName, const QString& section,
+                       const QList<QPair<QString, QString>>& values) {
+    Document& doc = document(appName);
+    bool changed = false;
+    for (const auto& [key, value] : values) changed = put(doc, section, key, value) || changed;
+    if (changed) write(appName, doc);
 }
 
 QList<QPair<QString, QString>> IniStore::getAll(const QString& appName, const QString& section) {

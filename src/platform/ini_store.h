@@ -23,6 +23,9 @@ class IniStore : public SettingsStore {
                 const QString& defaultValue) override;
     void save(const QString& appName, const QString& section, const QString& key,
               const QString& value) override;
+    // One write for them all, and none when no value changes.
+    void saveAll(const QString& appName, const QString& section,
+                 const QList<QPair<QString, QString>>& values) override;
     QList<QPair<QString, QString>> getAll(const QString& appName, const QString& section) override;
 
     // How many times the file was written (a save of an unchanged value writes nothing).
@@ -36,6 +39,9 @@ class IniStore : public SettingsStore {
     using Document = std::vector<Section>;
 
     Document& document(const QString& appName);
+    // Puts the value in the document; false when it was there already.
+    static bool put(Document& doc, const QString& section, const QString& key,
+                    const QString& value);
     void write(const QString& appName, const Document& doc);
 
     QString folder_;

@@ -12,6 +12,11 @@ void SaveSetting(Core& c, const QString& appName, const QString& section, const 
     c.p.store->save(appName, section, key, value);
 }
 
+void SaveSettings(Core& c, const QString& appName, const QString& section,
+                  const QList<QPair<QString, QString>>& values) {
+    c.p.store->saveAll(appName, section, values);
+}
+
 QList<QPair<QString, QString>> GetAllSettings(Core& c, const QString& appName,
                                               const QString& section) {
     return c.p.store->getAll(appName, section);

@@ -110,6 +110,21 @@ TEST_F(Store, AnUnchangedValueIsNotWrittenAgain) {
     EXPECT_EQ(store.writes(), 2);
 }
 
+TEST_F(Store, KeysSavedTogetherGoInOneWriteAndNoneWhenNothingChanged) {
+    IniStore store(dir.path());
+    const QList<QPair<QString, QString>> bank = {
+        {"Bank1M1Freq", "145.50000"}, {"Bank1M1Mode", "FM"}, {"Bank1M1Scan", "Y"}};
+    store.saveAll("VELDOR", "Banks", bank);
+    EXPECT_EQ(store.writes(), 1);
+    store.saveAll("VELDOR", "banks", bank);
+    EXPECT_EQ(store.writes(), 1);
+    store.saveAll("VELDOR", "Banks", {{"Bank1M1Freq", "145.50000"}, {"Bank1M1Scan", "N"}});
+    EXPECT_EQ(store.writes(), 2);
+    IniStore fresh(dir.path());
+    EXPECT_EQ(fresh.get("VELDOR", "Banks", "Bank1M1Mode", ""), "FM");
+    EXPECT_EQ(fresh.get("VELDOR", "Banks", "Bank1M1Scan", ""), "N");
+}
+
 TEST_F(Store, AnUnwritableFolderLosesTheWriteButNotTheProgram) {
     QFile blocker(dir.path() + "/blocked");
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
