@@ -1,6 +1,5 @@
 #include "ui/view_kit.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
@@ -550,9 +549,10 @@ void ViewKit::lostFocus(QWidget* box, std::function<bool(Core&)> check) {
 }
 
 bool ViewKit::leaveFocusedBox() {
-    QWidget* focused = QApplication::focusWidget();
+    // The box its window gives the focus to, even while a message box has just closed and the
+    // window is not yet active again.
     for (const auto& [box, leave] : focusChecks_)
-        if (box == focused) return leave();
+        if (box->window()->focusWidget() == box) return leave();
     return true;
 }
 

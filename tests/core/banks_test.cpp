@@ -1,5 +1,6 @@
 // Quick memory banks: storing the rig's frequency, recalling it through the tick, the keys of
-// section "Banks", and the colours that tell protected and unscanned memories.
+// section "Banks", the colours that tell protected and unscanned memories, the dialog that
+// defines a memory, and the memory tag.
 #include "memories/banks.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -14,7 +15,7 @@ namespace {
 
 // A loaded station, its link on, showing a frequency, without touching a rig.
 struct Desk : Station {
-    explicit Desk(QChar mark = '.') : Station(RigFT817) {
+    explicit Desk(QChar mark = '.', const QString& rig = RigFT817) : Station(rig) {
         system.decimalMark = mark;
         load();
         c.f.chkOnOff.value = 1;
@@ -22,63 +23,58 @@ struct Desk : Station {
         c.f.txtMode.text = "FM ";
     }
     QString bank(const QString& key) { return stored("Banks", key); }
+    // The memory dialog on a memory of the bank on show, the test playing the operator.
+    void open(int index, std::function<void(FrmSetMemory&)> operate) {
+        windows.operators[FormId::frmSetMemory] = [this, operate] { operate(c.frmSetMemory); };
+        lblStore_MouseUp(c, index, RightButton);
+    }
 };
 
-// The rig is read now, whatever the polling rate.
-void Read(OnAir& a) {
+// The simulated rig is tuned by hand, and read.
+void TuneRig(OnAir& a, int64_t hz, const QString& mode) {
+    a.rig().state().frequencyHz = hz;
+    a.rig().state().mode = mode;
     a.c.s.ForceUpdate = true;
     a.tick();
 }
 
 TEST(QuickMemory, StoredFromAnFt817AndRecalledPutsTheRigBackWithSimplex) {
     OnAir a(RigFT817);
-    a.rig().state().frequencyHz = 145500000;
-    a.rig().state().mode = "FM";
-    Read(a);
+    TuneRig(a, 145500000, "FM");
     lblSet_Click(a.c, 2);
     EXPECT_EQ(a.stored("Banks", "Bank1M3Freq"), "145.50000");
-    EXPECT_EQ(a.stored("Banks", "Bank1M3Mode"), "FM");
     EXPECT_EQ(a.c.f.lblStore[2].caption, "145.50000\nFM");
 
-    a.rig().state().frequencyHz = 7074000;
-    a.rig().state().mode = "LSB";
     a.rig().state().shift = "+";
-    Read(a);
+    TuneRig(a, 7074000, "LSB");
     a.rig().clearTrace();
     lblStore_Click(a.c, 2);
     EXPECT_TRUE(a.rigReceived().isEmpty());  // the click only asks
     a.tick();
     EXPECT_EQ(a.rig().state().frequencyHz, 145500000);
-    EXPECT_EQ(a.rig().state().mode, "FM");
     EXPECT_EQ(a.rig().state().shift, "0");  // shift goes out again on every recall
-    // Mode (opcode 07) before frequency (opcode 01), as the rig's manual codes them.
+    // The mode (FM, opcode 07) before the frequency (opcode 01).
     const QByteArray wire = a.rigReceived();
     const qsizetype mode = wire.indexOf(Bytes({0x08, 0, 0, 0, 0x07}));
-    const qsizetype frequency = wire.indexOf(Bytes({0x14, 0x55, 0x00, 0x00, 0x01}));
     ASSERT_GE(mode, 0);
-    EXPECT_GT(frequency, mode);
+    EXPECT_GT(wire.indexOf(Bytes({0x14, 0x55, 0x00, 0x00, 0x01})), mode);
 }
 
 TEST(QuickMemory, TheFt450StoresTheToneAndShiftItReportsAndSendsThemBack) {
     OnAir a(RigFT450);
     sim::RigState& rig = a.rig().state();
-    rig.frequencyHz = 29620000;
-    rig.mode = "FM";
     rig.toneNumber = 8;  // 88.5 Hz
     rig.toneMode = "encode";
     rig.shift = "-";
-    Read(a);
+    TuneRig(a, 29620000, "FM");
     lblSet_Click(a.c, 0);
     EXPECT_EQ(a.stored("Banks", "Bank1M1CTCSS"), "08");
     EXPECT_EQ(a.stored("Banks", "Bank1M1EncDec"), "10");
     EXPECT_EQ(a.stored("Banks", "Bank1M1Shift"), "-");
 
-    rig.frequencyHz = 14074000;
-    rig.mode = "USB";
-    rig.toneNumber = 0;
     rig.toneMode = "off";
     rig.shift = "0";
-    Read(a);
+    TuneRig(a, 14074000, "USB");
     lblStore_Click(a.c, 0);
     a.tick();
     EXPECT_EQ(rig.frequencyHz, 29620000);
@@ -87,26 +83,86 @@ TEST(QuickMemory, TheFt450StoresTheToneAndShiftItReportsAndSendsThemBack) {
     EXPECT_EQ(rig.shift, "-");
 }
 
-TEST(QuickMemory, ADefinedMemoryWithstandsAClickButNotADoubleClick) {
-    Desk d;
-    d.windows.operators[FormId::frmSetMemory] = [&] {
-        d.c.frmSetMemory.txtName.text = " GB3WS ";
-        d.c.frmSetMemory.txtFreq.text = "145.77500";
+TEST(QuickMemory, ADefinedMemoryIsProtectedFromAClickButNotFromADoubleClick) {
+    Desk d('.', RigFT847);
+    cmdBankNumber_Click(d.c, 1);
+    d.open(2, [&](FrmSetMemory& f) {
+        EXPECT_EQ(f.Frame1.caption, "Bank 2  Memory 3");
+        EXPECT_EQ(f.cboCTCSS.list.size(), 40);  // "None", then the FT-847's 39 tones
+        EXPECT_FALSE(f.cboMode.list.contains("USRU"));
+        f.txtName.text = "Rpt ";
+        f.txtFreq.text = "145.62500";
+        f.cboMode.listIndex = static_cast<int>(f.cboMode.list.indexOf("FM"));
+        f.cboCTCSS.listIndex = 3;
+        f.chkEnc.value = 1;
+        frmSetMemory_chkEnc_Click(d.c);
+        f.chkDec.value = 1;
+        frmSetMemory_chkDec_Click(d.c);  // clears the encoder
+        f.optRepeaterShift = {};
+        f.optRepeaterShift[1].value = true;
         frmSetMemory_cmdOK_Click(d.c);
+    });
+    const std::pair<const char*, const char*> keys[] = {
+        {"ClickToSet", "N"}, {"Name", "Rpt"},  {"Freq", "145.62500"}, {"Mode", "FM"},
+        {"CTCSS", "3"},      {"EncDec", "01"}, {"Shift", "-"}};
+    for (auto [key, value] : keys) EXPECT_EQ(d.bank(QString("Bank2M3") + key), value);
+    EXPECT_EQ(d.c.f.lblStore[2].caption, "Rpt\n145.62500");
+    EXPECT_EQ(d.c.f.lblStore[2].backColour, BankPaleBlue);
+
+    d.c.f.txtVfoA.text = "7.074.00";
+    lblSet_Click(d.c, 2);
+    EXPECT_EQ(d.bank("Bank2M3Freq"), "145.62500");
+    lblSet_DblClick(d.c, 2);
+    EXPECT_EQ(d.bank("Bank2M3Freq"), "Empty");
+    EXPECT_EQ(d.bank("Bank2M3ClickToSet"), "Y");
+    EXPECT_EQ(d.c.f.lblStore[2].backColour, PaleGreen);
+}
+
+TEST(SetMemoryDialog, TheFrequencyIsCheckedOnLeavingItsBox) {
+    const struct {
+        QChar mark;
+        const char* typed;
+        const char* shown;
+        const char* offset;  // kHz, the band's usual offset
+        const char* message;
+    } rows[] = {
+        {'.', "0", "Empty", "", nullptr},
+        {'.', "Empty", "Empty", "", nullptr},  // the box's own word passes
+        {'.', "433.2", "433.20000", "5000", nullptr},
+        {'.', "29620", "29.62000", "100", nullptr},  // kHz without a decimal mark
+        {',', "145,7", "145,70000", "600", nullptr},
+        {'.', "2m", "2m", "",
+         "You have entered a non numeric value for Set Memory frequency - please retry"},
+        {'.', "500.5", "500.5", "",
+         "You have entered a Set Memory frequency outside the range of the rig - please retry"},
     };
-    lblStore_DblClick(d.c, 4);
-    EXPECT_EQ(d.c.f.lblStore[4].caption, "GB3WS\n145.77500");
-    EXPECT_EQ(d.c.f.lblStore[4].backColour, BankPaleBlue);
+    for (const auto& row : rows) {
+        Desk d(row.mark);
+        d.c.frmSetMemory.txtFreq.text = row.typed;
+        EXPECT_EQ(frmSetMemory_txtFreq_LostFocus(d.c), row.message != nullptr) << row.typed;
+        EXPECT_EQ(d.c.frmSetMemory.txtFreq.text, row.shown);
+        EXPECT_EQ(d.c.frmSetMemory.txtOffset.text, row.offset) << row.typed;
+        if (row.message) {
+            ASSERT_EQ(d.dialogs.messages.size(), 1u);
+            EXPECT_EQ(d.dialogs.messages[0].text, row.message);
+            EXPECT_EQ(d.dialogs.messages[0].title, "Invalid number");
+        }
+    }
+}
 
-    lblSet_Click(d.c, 4);
-    EXPECT_EQ(d.bank("Bank1M5Freq"), "145.77500");
-    EXPECT_EQ(d.bank("Bank1M5ClickToSet"), "N");
-
-    lblSet_DblClick(d.c, 4);
-    EXPECT_EQ(d.c.f.lblStore[4].caption, "Empty");
-    EXPECT_EQ(d.bank("Bank1M5Freq"), "Empty");
-    EXPECT_EQ(d.bank("Bank1M5ClickToSet"), "Y");
-    EXPECT_EQ(d.c.f.lblStore[4].backColour, PaleGreen);
+TEST(SetMemoryDialog, ThePollStopsWhileOpenAndAnEmptyFrequencyEmptiesTheMemory) {
+    Desk d;
+    lblSet_Click(d.c, 0);
+    d.pollTimer.on = true;
+    d.open(0, [&](FrmSetMemory& f) {
+        EXPECT_FALSE(d.pollTimer.on);
+        f.txtFreq.text = " Empty ";
+        frmSetMemory_cmdOK_Click(d.c);
+    });
+    EXPECT_TRUE(d.pollTimer.on);
+    EXPECT_EQ(d.bank("Bank1M1Freq"), "Empty");
+    EXPECT_EQ(d.bank("Bank1M1Scan"), "N");  // emptied here, it leaves bank scans
+    EXPECT_EQ(d.c.f.lblStore[0].caption, "Empty");
 }
 
 TEST(QuickMemory, ARightClickOnSetTogglesTheScanFlagAndSwallowsItsOwnClick) {
@@ -118,114 +174,73 @@ TEST(QuickMemory, ARightClickOnSetTogglesTheScanFlagAndSwallowsItsOwnClick) {
     EXPECT_EQ(d.bank("Bank1M2Freq"), "Empty");  // the click was swallowed
     EXPECT_EQ(d.c.f.lblSet[1].backColour, White);
     EXPECT_EQ(d.c.f.lblStore[1].backColour, PaleGreen);
-
-    lblSet_MouseUp(d.c, 1, 1);  // the left button's MouseUp does nothing
-    lblSet_Click(d.c, 1);       // a left click stores, scanned again
+    lblSet_MouseUp(d.c, 1, 1);  // the left button's does nothing
+    lblSet_Click(d.c, 1);       // a left click stores, and scanned again
     EXPECT_EQ(d.bank("Bank1M2Freq"), "145.50000");
-    EXPECT_EQ(d.bank("Bank1M2Scan"), "Y");
     EXPECT_EQ(d.c.f.lblSet[1].backColour, PaleGreen);
-
-    lblSet_MouseUp(d.c, 1, RightButton);
-    lblSet_Click(d.c, 1);
-    EXPECT_EQ(d.c.f.lblSet[1].backColour, White);
-    EXPECT_EQ(d.c.f.lblStore[1].caption, "145.50000\nFM");  // a scan flag alone changes
 }
 
-TEST(QuickMemory, Bank6Memory12IsTheLastKeyOfTheStore) {
+TEST(QuickMemory, Bank6Memory12StoresUnderItsKeys) {
     Desk d;
     cmdBankNumber_Click(d.c, 5);
     EXPECT_EQ(d.c.f.cmdBankNumber[5].backColour, Green);
     EXPECT_EQ(d.c.f.cmdBankNumber[0].backColour, PaleGreen);
     mnuSetM_Click(d.c, 12);
     const std::pair<const char*, const char*> keys[] = {
-        {"Bank6M12ClickToSet", "Y"}, {"Bank6M12Name", "Click"}, {"Bank6M12Freq", "145.50000"},
-        {"Bank6M12Mode", "FM"},      {"Bank6M12CTCSS", "0"},    {"Bank6M12EncDec", "00"},
-        {"Bank6M12Shift", "0"},      {"Bank6M12Scan", "Y"},     {"Bank6M12Offset", "600"}};
-    for (auto [key, value] : keys) EXPECT_EQ(d.bank(key), value) << key;
-    for (const auto& [key, value] : d.store->getAll(d.c.s.AppName, "Banks")) {
-        EXPECT_FALSE(key.startsWith("Bank7")) << key.toStdString();
-        EXPECT_FALSE(key.contains("M13")) << key.toStdString();
-    }
-    // Bank 1 is untouched, and shows again with its own button.
+        {"ClickToSet", "Y"}, {"Name", "Click"}, {"Freq", "145.50000"},
+        {"Mode", "FM"},      {"CTCSS", "0"},    {"EncDec", "00"},
+        {"Shift", "0"},      {"Scan", "Y"},     {"Offset", "600"}};
+    for (auto [key, value] : keys) EXPECT_EQ(d.bank(QString("Bank6M12") + key), value);
     cmdBankNumber_Click(d.c, 0);
-    EXPECT_EQ(d.c.f.lblStore[11].caption, "Empty");
-    mnuGoToM_Click(d.c, 12);
-    EXPECT_FALSE(d.c.s.FrequencyChangePending);
+    EXPECT_EQ(d.c.f.lblStore[11].caption, "Empty");  // bank 1 untouched
 }
 
 TEST(QuickMemory, LoadReadsTheOtherLocalesMarkAndEncDec11As01) {
-    const struct {
-        QChar system;
-        const char* stored;
-        const char* loaded;
-    } rows[] = {{'.', "145,50000", "145.50000"}, {',', "145.50000", "145,50000"}};
-    for (const auto& row : rows) {
+    const std::pair<QChar, const char*> rows[] = {{'.', "145,50000"}, {',', "145.50000"}};
+    for (auto [mark, stored] : rows) {
         Harness h;
-        h.system.decimalMark = row.system;
-        h.store->save(h.c.s.AppName, "Banks", "Bank1M1Freq", row.stored);
-        h.store->save(h.c.s.AppName, "Banks", "Bank1M1Name", "Click");
-        h.store->save(h.c.s.AppName, "Banks", "Bank1M1EncDec", "11");
+        h.system.decimalMark = mark;
+        for (auto [key, value] : {std::pair{"Bank1M1Freq", stored}, {"Bank1M1EncDec", "11"}})
+            h.store->save(h.c.s.AppName, "Banks", key, value);
         InitialiseVariables(h.c);
-        EXPECT_EQ(h.c.s.MemFreq[0], row.loaded);
-        EXPECT_EQ(h.c.f.lblStore[0].caption, QString(row.loaded) + "\n");
+        EXPECT_EQ(h.c.s.MemFreq[0], QString("145") + mark + "50000");
         EXPECT_EQ(h.c.s.MemEncDec[0], "01");
         EXPECT_EQ(h.stored("Banks", "Bank1M1EncDec"), "11");  // until the next save
-        h.c.f.chkOnOff.value = 1;
-        lblStore_Click(h.c, 0);
-        EXPECT_EQ(h.c.s.TargetFrequency, 14550000);
-        EXPECT_EQ(h.c.s.ToneEncode + h.c.s.ToneDecode, "01");
     }
 }
 
 TEST(QuickMemory, ClearBankAsksAndKeepsShiftScanAndOffset) {
     Desk d;
     lblSet_Click(d.c, 0);
-    lblSet_MouseUp(d.c, 0, RightButton);  // scan flag "N"
-    d.store->save(d.c.s.AppName, "Banks", "Bank1M1Shift", "+");
+    lblSet_MouseUp(d.c, 0, RightButton);  // out of bank scans
     d.store->save(d.c.s.AppName, "Banks", "Bank1M1Offset", "1600");
-
-    d.dialogs.answers = {MsgResult::No};
+    d.dialogs.answers = {MsgResult::No, MsgResult::Yes};
     cmdClearBank_Click(d.c);
-    EXPECT_EQ(d.dialogs.messages.back().text,
-              "Are your sure you want to clear memory bank Bank &1");
+    EXPECT_EQ(d.dialogs.messages[0].text, "Are your sure you want to clear memory bank Bank &1");
     EXPECT_EQ(d.bank("Bank1M1Freq"), "145.50000");
-
-    d.dialogs.answers = {MsgResult::Yes};
     cmdClearBank_Click(d.c);
-    EXPECT_EQ(d.bank("Bank1M1Freq"), "Empty");
-    EXPECT_EQ(d.bank("Bank1M1Name"), "Empty");
-    EXPECT_EQ(d.bank("Bank1M1Mode"), "");
-    EXPECT_EQ(d.bank("Bank1M1Shift"), "+");
-    EXPECT_EQ(d.bank("Bank1M1Scan"), "N");
-    EXPECT_EQ(d.bank("Bank1M1Offset"), "1600");
+    const std::pair<const char*, const char*> keys[] = {
+        {"Freq", "Empty"}, {"Name", "Empty"}, {"Mode", ""}, {"Scan", "N"}, {"Offset", "1600"}};
+    for (auto [key, value] : keys) EXPECT_EQ(d.bank(QString("Bank1M1") + key), value);
     EXPECT_EQ(d.c.f.lblStore[0].caption, "Empty");
-    EXPECT_EQ(d.c.f.lblSet[0].backColour, White);  // still passed over by bank scans
+    EXPECT_EQ(d.c.f.lblSet[0].backColour, White);
 }
 
 TEST(QuickMemory, RecallWaitsForTheLinkAndGivesWayToLongJobs) {
-    const struct {
-        const char* what;
-        void (*set)(Core&);
-        bool recalls;
-    } rows[] = {
-        {"link off", [](Core& c) { c.f.chkOnOff.value = 0; }, false},
-        {"transmitting", [](Core& c) { c.s.Transmitting = true; }, false},
-        {"scanning", [](Core& c) { c.s.ScanRunning = true; }, false},
-        {"sweeping", [](Core& c) { c.s.SpectrumRunning = true; }, false},
-        {"sweep paused",
-         [](Core& c) {
-             c.s.SpectrumRunning = true;
-             c.s.SpectrumPaused = true;
-         },
-         true},
-    };
-    for (const auto& row : rows) {
+    using Set = void (*)(Core&);
+    const std::pair<Set, bool> rows[] = {
+        {[](Core& c) { c.f.chkOnOff.value = 0; }, false},
+        {[](Core& c) { c.s.Transmitting = true; }, false},
+        {[](Core& c) { c.s.ScanRunning = true; }, false},
+        {[](Core& c) { c.s.SpectrumRunning = true; }, false},
+        {[](Core& c) { c.s.SpectrumRunning = c.s.SpectrumPaused = true; }, true}};
+    for (auto [set, recalls] : rows) {
         Desk d;
         lblSet_Click(d.c, 0);
-        row.set(d.c);
+        set(d.c);
         mnuGoToM_Click(d.c, 1);
-        EXPECT_EQ(d.c.s.FrequencyChangePending, row.recalls) << row.what;
-        EXPECT_EQ(d.c.f.txtMemoryFreq.text.isEmpty(), !row.recalls) << row.what;
+        EXPECT_EQ(d.c.s.FrequencyChangePending, recalls);
+        EXPECT_EQ(d.c.f.txtMemoryFreq.text.isEmpty(), !recalls);
     }
 }
 
@@ -241,20 +256,14 @@ TEST(MemoryTag, OffFreqShowsOnceTheRigLeavesTheMemoryAndAClickAsksToGoBack) {
         lblStore_Click(d.c, 0);
         EXPECT_EQ(d.c.f.txtMemoryTag.text, "Click");
         d.c.s.FrequencyChangePending = false;
-
-        d.c.s.LastDisplayedFrequency = 14550000;
-        tmrPollInterval_Timer(d.c);
-        EXPECT_FALSE(d.c.f.lblMemoryMT.visible) << mark.toLatin1();
-        d.c.s.LastDisplayedFrequency = 14552500;
-        tmrPollInterval_Timer(d.c);
-        EXPECT_TRUE(d.c.f.lblMemoryMT.visible) << mark.toLatin1();
-
+        for (auto [shown, visible] : {std::pair{14550000, false}, {14552500, true}}) {
+            d.c.s.LastDisplayedFrequency = shown;
+            tmrPollInterval_Timer(d.c);
+            EXPECT_EQ(d.c.f.lblMemoryMT.visible, visible) << mark.toLatin1();
+        }
         lblMemoryMT_Click(d.c);
         EXPECT_EQ(d.c.f.txtGoToFreq.text, d.c.f.txtMemoryFreq.text);
         EXPECT_TRUE(d.c.s.GoToPending);
-        mnuMemoryTag_Click(d.c);
-        EXPECT_FALSE(d.c.f.frmMemoryTag.visible);
-        EXPECT_EQ(d.stored("Settings", "ShowMemoryTag"), "N");
     }
 }
 

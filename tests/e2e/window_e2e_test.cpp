@@ -359,6 +359,41 @@ TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
     EXPECT_TRUE(app.core().frmErrorList.txtErrors.text.contains("does not exist"));
 }
 
+// The ClickSet keys: Shift+F2 stores the rig's frequency in memory 2, Ctrl+F2 takes the rig back.
+TEST_F(WindowOverPty, ShiftF2StoresTheRigsFrequencyAndCtrlF2TakesTheRigBack) {
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    QWidget& window = app.window();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ClickCheckBox(window.findChild<QCheckBox*>("chkOnOff"));
+    ASSERT_TRUE(waitForRig("catOn", "1"));
+    auto* vfo = window.findChild<QLineEdit*>("txtVfoA");
+    auto showing = [vfo](const QString& text) {
+        QElapsedTimer t;
+        t.start();
+        while (t.elapsed() < 5000 && vfo->text() != text) QTest::qWait(20);
+        return vfo->text() == text;
+    };
+    tellRig("freq 145500000");
+    tellRig("mode FM");
+    ASSERT_TRUE(showing("145.500.00"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2, Qt::ShiftModifier);
+    EXPECT_EQ(window.findChild<QPushButton*>("lblStore_1")->text(), "145.50000\nFM");
+    EXPECT_EQ(window.findChild<QPushButton*>("lblStore_0")->text(), "Empty");
+
+    tellRig("freq 7074000");
+    tellRig("mode LSB");
+    ASSERT_TRUE(showing("7.074.00"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2, Qt::ControlModifier);
+    EXPECT_TRUE(waitForRig("frequency", "145500000"));
+    EXPECT_EQ(rigState("mode"), "FM");
+    EXPECT_TRUE(showing("145.500.00"));
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(ini.readAll().contains("Bank1M2Freq=145.50000"));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
