@@ -98,7 +98,7 @@ void frmScanner_cmdClear_Click(Core& c) {
         d.cboMemoryNumber.list[index] = "Empty";
 }
 
-TextBox* frmScanner_cmdOK_Click(Core& c) {
+void frmScanner_cmdOK_Click(Core& c) {
     State& s = c.s;
     FrmScanner& d = c.frmScanner;
     if (d.txtDescription.text != "Empty") {
@@ -109,11 +109,12 @@ TextBox* frmScanner_cmdOK_Click(Core& c) {
         for (auto [box, message] : checks) {
             if (ParseFrequency(c, box->text, true) != -1) continue;
             c.p.dialogs->messageBox(message, "VELDOR", MsgButtons::OK, MsgIcon::Exclamation);
-            return box;
+            SetFocus(c, *box);
+            return;
         }
     }
     const int index = d.cboMemoryNumber.listIndex;
-    if (index < 0 || index >= 20) return nullptr;
+    if (index < 0 || index >= 20) return;
     frmScanner_chkDec_Click(c);
     ScanRange& range = s.ScanRanges[index];
     range.Desc = d.txtDescription.text;
@@ -129,7 +130,6 @@ TextBox* frmScanner_cmdOK_Click(Core& c) {
     SaveScanRanges(c, 0);
     LoadScanRanges(c, 0);
     d.cboMemoryNumber.list[index] = range.Desc;
-    return nullptr;
 }
 
 void frmScanner_cmdCancel_Click(Core& c) {

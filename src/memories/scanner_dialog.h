@@ -12,8 +12,8 @@ void frmScanner_cboMemoryNumber_Click(Core& c);
 // Ticking "Enc + Dec" clears "Enc only"; the other way round nothing happens.
 void frmScanner_chkDec_Click(Core& c);
 void frmScanner_cmdClear_Click(Core& c);
-// The box whose frequency is refused, for the focus; nullptr once the entry is applied.
-TextBox* frmScanner_cmdOK_Click(Core& c);
+// Applies the entry shown; a refused frequency sends the focus back to its box.
+void frmScanner_cmdOK_Click(Core& c);
 void frmScanner_cmdCancel_Click(Core& c);
 
 // The checks on leaving a box: true when the focus must go back to it.

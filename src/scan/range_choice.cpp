@@ -8,9 +8,9 @@
 
 namespace veldor {
 
-bool cboScanRange_Click(Core& c) {
+void cboScanRange_Click(Core& c) {
     State& s = c.s;
-    if (s.SpectrumRunning) return false;
+    if (s.SpectrumRunning) return;
     const int index = c.f.cboScanRange.listIndex;
     // The list grows by twenty names at each reload of the ranges; a name beyond the first
     // twenty names no range.
@@ -18,11 +18,11 @@ bool cboScanRange_Click(Core& c) {
         c.p.dialogs->messageBox(
             "Error 9 (Subscript out of range) in procedure cboScanRange_Click of Form Form1",
             "VELDOR", MsgButtons::OK, MsgIcon::Critical);
-        return false;
+        return;
     }
     s.LastScanRange = index;
     const ScanRange& range = s.ScanRanges[index];
-    if (range.Desc == "Empty") return false;
+    if (range.Desc == "Empty") return;
     s.ScanStartFrequency = ParseFrequency(c, range.Start);
     s.ScanStopFrequency = ParseFrequency(c, range.Stop);
     // Divided whether or not the step holds a decimal mark, unlike the load of the ranges: a
@@ -35,7 +35,7 @@ bool cboScanRange_Click(Core& c) {
     s.ToneEncode = range.Enc;
     s.ToneDecode = range.Dec;
     SaveSetting(c, s.AppName, "Settings", "LastScanRange", QString::number(index));
-    return c.f.cmdStartStopScan.enabled;
+    if (c.f.cmdStartStopScan.enabled) SetFocus(c, c.f.cmdStartStopScan);
 }
 
 void cmdShowScanSettings_Click(Core& c) {

@@ -6,9 +6,9 @@
 
 namespace veldor {
 
-// Makes the range chosen in cboScanRange the range in use and remembers it. True when the
-// focus goes on to cmdStartStopScan.
-bool cboScanRange_Click(Core& c);
+// Makes the range chosen in cboScanRange the range in use and remembers it; the focus goes
+// on to cmdStartStopScan.
+void cboScanRange_Click(Core& c);
 void cmdShowScanSettings_Click(Core& c);
 
 }  // namespace veldor

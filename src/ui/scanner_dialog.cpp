@@ -77,9 +77,7 @@ ScannerDialog::ScannerDialog(Core& c, Views& views, QWidget* parent)
     // from it on a click.
     QPushButton* clear = kit_.button(this, "cmdClear", d.cmdClear, frmScanner_cmdClear_Click);
     QPushButton* apply = kit_.button(this, "cmdOK", d.cmdOK, [this](Core& core) {
-        if (!kit_.leaveFocusedBox()) return;
-        if (TextBox* refused = frmScanner_cmdOK_Click(core))
-            if (QWidget* box = kit_.widgetOf(*refused)) box->setFocus();
+        if (kit_.leaveFocusedBox()) frmScanner_cmdOK_Click(core);
     });
     QPushButton* exit = kit_.button(this, "cmdCancel", d.cmdCancel, frmScanner_cmdCancel_Click);
     auto* buttons = new QHBoxLayout();

@@ -118,31 +118,6 @@ class ClickLabel : public QPushButton {
     bool afterDouble_ = false;
 };
 
-// Runs the check of a box when the operator moves to another control of the window; the focus
-// leaving with the window (a message box, another window) is no leaving of the box.
-class FocusOutFilter : public QObject {
-  public:
-    FocusOutFilter(QWidget* box, std::function<bool()> leave)
-        : QObject(box), leave_(std::move(leave)) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::FocusOut) return false;
-        switch (static_cast<QFocusEvent*>(event)->reason()) {
-            case Qt::TabFocusReason:
-            case Qt::BacktabFocusReason:
-            case Qt::MouseFocusReason:
-            case Qt::ShortcutFocusReason:
-                leave_();
-                break;
-            default:
-                break;
-        }
-        return false;
-    }
-
-  private:
-    std::function<bool()> leave_;
-};
-
 }  // namespace
 
 QString StyleFor(Colour colour) {
@@ -243,14 +218,13 @@ QPushButton* ViewKit::button(QWidget* parent, const QString& name, const Command
                              Handler onClick, const QString& fallback, const QString& keyTip) {
     auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
     b->setObjectName(name);
-    bind(model, b);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(b, &QPushButton::clicked, b, [this, onClick] {
             if (!rendering_) handle(onClick);
         });
     }
-    onRender([b, &model, fallback, keyTip, wired] {
+    onRender([this, b, &model, fallback, keyTip, wired] {
         const QString tip = model.toolTip + keyTip;
         ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
         ShowControl(b, model, &tip);
@@ -262,6 +236,7 @@ QPushButton* ViewKit::button(QWidget* parent, const QString& name, const Command
             font.setBold(model.bold);
             b->setFont(font);
         }
+        takeFocus(b, model);
     });
     return b;
 }
@@ -271,7 +246,6 @@ QPushButton* ViewKit::labelButton(QWidget* parent, const QString& name, const La
                                   const QString& fallbackTip) {
     auto* b = new QPushButton(model.caption.isEmpty() ? fallback : model.caption, parent);
     b->setObjectName(name);
-    bind(model, b);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(b, &QPushButton::clicked, b, [this, onClick] {
@@ -297,7 +271,6 @@ QPushButton* ViewKit::clickLabel(QWidget* parent, const QString& name, const Lab
     auto* b = new ClickLabel(model.caption.isEmpty() ? fallback : model.caption, parent, run,
                              std::move(handlers));
     b->setObjectName(name);
-    bind(model, b);
     onRender([b, &model, fallback, fallbackTip] {
         const QString tip = model.toolTip.isEmpty() ? fallbackTip : model.toolTip;
         ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
@@ -319,7 +292,6 @@ QLabel* ViewKit::light(QWidget* parent, const QString& name, const Label& model)
 QLabel* ViewKit::label(QWidget* parent, const QString& name, const Label& model) {
     auto* l = new QLabel(model.caption, parent);
     l->setObjectName(name);
-    bind(model, l);
     onRender([l, &model] {
         // A label is read by its text; its tool tip says what the text is. Its lines may end
         // in CR LF, as the program writes them.
@@ -335,7 +307,6 @@ QRadioButton* ViewKit::option(QWidget* parent, const QString& name, OptionButton
                               const QString& fallback, Handler onClick) {
     auto* o = new QRadioButton(model.caption.isEmpty() ? fallback : model.caption, parent);
     o->setObjectName(name);
-    bind(model, o);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(o, &QRadioButton::clicked, o, [this, &model, onClick] {
@@ -378,7 +349,6 @@ std::vector<QRadioButton*> ViewKit::options(QWidget* parent, const QString& name
 QCheckBox* ViewKit::check(QWidget* parent, const QString& name, CheckBox& model, Handler onClick) {
     auto* box = new QCheckBox(model.caption, parent);
     box->setObjectName(name);
-    bind(model, box);
     const bool wired = static_cast<bool>(onClick);
     if (wired) {
         QObject::connect(box, &QCheckBox::clicked, box, [this, &model, onClick](bool checked) {
@@ -400,7 +370,6 @@ QCheckBox* ViewKit::check(QWidget* parent, const QString& name, CheckBox& model,
 QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model) {
     auto* e = new QLineEdit(model.text, parent);
     e->setObjectName(name);
-    bind(model, e);
     QObject::connect(e, &QLineEdit::textEdited, e,
                      [&model](const QString& text) { model.text = text; });
     onRender([this, e, &model] {
@@ -416,7 +385,6 @@ QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model
 QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick) {
     auto* box = new QComboBox(parent);
     box->setObjectName(name);
-    bind(model, box);
     QObject::connect(box, &QComboBox::activated, box, [this, &model, onClick](int index) {
         if (rendering_) return;
         model.listIndex = index;
@@ -442,7 +410,6 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
 QSlider* ViewKit::slider(QWidget* parent, const QString& name, Slider& model, Handler onChange) {
     auto* s = new QSlider(Qt::Horizontal, parent);
     s->setObjectName(name);
-    bind(model, s);
     s->setRange(model.min, model.max);
     const bool wired = static_cast<bool>(onChange);
     if (wired) {
@@ -491,7 +458,6 @@ QScrollBar* ViewKit::scrollBar(QWidget* parent, const QString& name, Slider& mod
 QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressBar& model) {
     auto* b = new QProgressBar(parent);
     b->setObjectName(name);
-    bind(model, b);
     b->setTextVisible(false);
     onRender([b, &model] {
         if (b->minimum() != model.min || b->maximum() != model.max)
@@ -506,7 +472,6 @@ QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressB
 QGroupBox* ViewKit::frame(QWidget* parent, const QString& name, const Frame& model) {
     auto* box = new QGroupBox(model.caption, parent);
     box->setObjectName(name);
-    bind(model, box);
     onRender([box, &model] {
         ShowControl(box, model);
         if (box->title() != model.caption) box->setTitle(model.caption);
@@ -517,16 +482,6 @@ QGroupBox* ViewKit::frame(QWidget* parent, const QString& name, const Frame& mod
 }  // namespace veldor
 
 namespace veldor {
-
-void ViewKit::bind(const Control& model, QWidget* widget) {
-    widgets_.emplace_back(&model, widget);
-}
-
-QWidget* ViewKit::widgetOf(const Control& model) const {
-    for (const auto& [control, widget] : widgets_)
-        if (control == &model) return widget;
-    return nullptr;
-}
 
 void ViewKit::lostFocus(QWidget* box, std::function<bool(Core&)> check) {
     auto leave = [this, box, check] {
@@ -544,7 +499,22 @@ void ViewKit::lostFocus(QWidget* box, std::function<bool(Core&)> check) {
         }
         return !back;
     };
-    box->installEventFilter(new FocusOutFilter(box, leave));
+    // Leaving for another control of the window, not the focus going with the window (to a
+    // message box, another window).
+    OnEvent(box, [leave](QEvent* event) {
+        if (event->type() != QEvent::FocusOut) return false;
+        switch (static_cast<QFocusEvent*>(event)->reason()) {
+            case Qt::TabFocusReason:
+            case Qt::BacktabFocusReason:
+            case Qt::MouseFocusReason:
+            case Qt::ShortcutFocusReason:
+                leave();
+                break;
+            default:
+                break;
+        }
+        return false;
+    });
     focusChecks_.emplace_back(box, leave);
 }
 

@@ -111,18 +111,14 @@ class ViewKit {
     // Runs the check of the box that has the focus, as leaving it would (a button that acts on
     // the boxes runs this first): false when the focus went back.
     bool leaveFocusedBox();
-    // The widget of a control of this kit's form; nullptr for a control it does not show.
-    QWidget* widgetOf(const Control& model) const;
 
   private:
     // Gives the widget the keyboard focus when the core asks it for the control.
     void takeFocus(QWidget* widget, const Control& control);
 
-    void bind(const Control& model, QWidget* widget);
     Core& c_;
     Views& views_;
     std::vector<std::function<void()>> renderers_;
-    std::vector<std::pair<const Control*, QWidget*>> widgets_;
     std::vector<std::pair<QWidget*, std::function<bool()>>> focusChecks_;
     bool rendering_ = false;
     bool checking_ = false;

@@ -12,17 +12,14 @@ QWidget* BuildScanGroup(ViewKit& kit, QWidget* parent) {
     Form1& f = kit.core().f;
     auto* box = new QGroupBox("Scan", parent);
     auto* row = new QHBoxLayout(box);
-    QPushButton* start = kit.button(box, "cmdStartStopScan", f.cmdStartStopScan, {});
-    QComboBox* ranges = kit.combo(box, "cboScanRange", f.cboScanRange, [start](Core& c) {
-        if (cboScanRange_Click(c)) start->setFocus();
-    });
+    QComboBox* ranges = kit.combo(box, "cboScanRange", f.cboScanRange, cboScanRange_Click);
     ranges->setAccessibleName("Scan range");
     ranges->setMinimumContentsLength(12);
     row->addWidget(ranges, 1);
     row->addWidget(
         kit.button(box, "cmdShowScanSettings", f.cmdShowScanSettings, cmdShowScanSettings_Click));
     row->addWidget(kit.button(box, "cmdScanMemOrBank", f.cmdScanMemOrBank, {}));
-    row->addWidget(start);
+    row->addWidget(kit.button(box, "cmdStartStopScan", f.cmdStartStopScan, {}));
     return box;
 }
 
