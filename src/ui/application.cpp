@@ -6,9 +6,9 @@
 #include "ui/main_window.h"
 #include "ui/meters_panel.h"
 #include "ui/record_window.h"
-#include "ui/xband_window.h"
 #include "ui/scanner_dialog.h"
 #include "ui/set_memory_dialog.h"
+#include "ui/xband_window.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>

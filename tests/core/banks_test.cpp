@@ -247,7 +247,7 @@ TEST(QuickMemory, RecallWaitsForTheLinkAndGivesWayToLongJobs) {
 TEST(MemoryTag, OffFreqShowsOnceTheRigLeavesTheMemoryAndAClickAsksToGoBack) {
     for (QChar mark : {QChar('.'), QChar(',')}) {
         Desk d(mark);
-        d.c.p.MSComm1->open("SIM", "4800,N,8,2", false, nullptr);
+        d.c.p.MSComm1->open("SIM", "4800,N,8,2", false, {}, nullptr);
         d.c.s.PollingDelay = 99;
         mnuMemoryTag_Click(d.c);
         EXPECT_TRUE(d.c.f.frmMemoryTag.visible);
