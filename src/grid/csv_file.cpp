@@ -191,8 +191,7 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
         const int record = static_cast<int>(i);
         const QString n = QString::number(record);
         auto report = [&](const QString& text) { in.messages.append("Record " + n + text); };
-        const auto f =
-            SplitFields(BlankQuotedDelimiters(lines[i], delimiter), delimiter, decimal);
+        const auto f = SplitFields(BlankQuotedDelimiters(lines[i], delimiter), delimiter, decimal);
 
         // Field 1 is read as a 16-bit number, though the number is the row's in the grid.
         double memory = 0, rx = 0, tx = 0.1;
@@ -201,9 +200,8 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
             return fail(record, kOverflow);
         if (!CellNumber(f[1], decimal, &rx)) return fail(record, kTypeMismatch);
         if (!f[4].isEmpty() && !CellNumber(f[4], decimal, &tx)) return fail(record, kTypeMismatch);
-        const QString mode = TrimBlanks(f[2]), shift = TrimBlanks(f[3]),
-                      txMode = TrimBlanks(f[5]), kind = TrimBlanks(f[6]),
-                      show = TrimBlanks(f[8]);
+        const QString mode = TrimBlanks(f[2]), shift = TrimBlanks(f[3]), txMode = TrimBlanks(f[5]),
+                      kind = TrimBlanks(f[6]), show = TrimBlanks(f[8]);
         QString tone = TrimBlanks(f[7]);
         const QString name = FitName(TrimBlanks(f[9]));
         QString scan = TrimBlanks(f[10]).toUpper(), group = TrimBlanks(f[11]).toUpper();
@@ -254,9 +252,19 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
         }
 
         GridRow& row = in.rows.emplace_back();
-        row.cells = {QString(), Fixed5(rx, decimal), mode,  shift, Fixed5(tx, decimal),
-                     txMode,    kind,                tone,  show,  name,
-                     scan,      group,               description};
+        row.cells = {QString(),
+                     Fixed5(rx, decimal),
+                     mode,
+                     shift,
+                     Fixed5(tx, decimal),
+                     txMode,
+                     kind,
+                     tone,
+                     show,
+                     name,
+                     scan,
+                     group,
+                     description};
     }
     return in;
 }

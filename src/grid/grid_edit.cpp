@@ -99,10 +99,9 @@ void mnuMove_Click(Core& c) {
     LoadGridWindow(c);
     MemoryGrid& g = Grid(c);
     QString reply;
-    int target = AskMemoryNumber(c,
-                                 "This will move Memory " + MemoryNumber(g) +
-                                     " to the memory location you specify below",
-                                 &reply);
+    int target = AskMemoryNumber(
+        c, "This will move Memory " + MemoryNumber(g) + " to the memory location you specify below",
+        &reply);
     if (target == 0) return;
     int source = g.Row;
     if (target < source)
@@ -119,12 +118,12 @@ void mnuSwap_Click(Core& c) {
     LoadGridWindow(c);
     MemoryGrid& g = Grid(c);
     QString reply;
-    const int other = AskMemoryNumber(c,
-                                      "This will swap Memory " + MemoryNumber(g) +
-                                          " with the memory number you specify below",
-                                      &reply);
+    const int other = AskMemoryNumber(
+        c, "This will swap Memory " + MemoryNumber(g) + " with the memory number you specify below",
+        &reply);
     if (other == 0) return;
-    for (int col = 1; col < GridCols; ++col) std::swap(g.TextMatrix(g.Row, col), g.TextMatrix(other, col));
+    for (int col = 1; col < GridCols; ++col)
+        std::swap(g.TextMatrix(g.Row, col), g.TextMatrix(other, col));
     mnuRenumber_Click(c);
 }
 
@@ -203,7 +202,8 @@ void LoadEditPanel(Core& c) {
     choose(w.cboDecode, cell(6));
     w.cboDCS.listIndex = w.cboCTCSS.listIndex = -1;
     const QString decode = ComboText(w.cboDecode);
-    if (!decode.isEmpty()) choose(decode == "DCS" || decode == "DEN" ? w.cboDCS : w.cboCTCSS, cell(7));
+    if (!decode.isEmpty())
+        choose(decode == "DCS" || decode == "DEN" ? w.cboDCS : w.cboCTCSS, cell(7));
     SetToneControls(c);
     w.txtDescription.text = cell(12);
     w.chkScan.value = cell(10) == "Y" ? 1 : 0;
@@ -242,7 +242,8 @@ void cmdEditOK_Click(Core& c) {
         SetFocus(c, w.txtFreqRX);
         return;
     }
-    if (ComboText(w.cboMode).isEmpty()) w.cboMode.listIndex = static_cast<int>(w.cboMode.list.indexOf("LSB"));
+    if (ComboText(w.cboMode).isEmpty())
+        w.cboMode.listIndex = static_cast<int>(w.cboMode.list.indexOf("LSB"));
     MemoryGrid& g = w.grdMemories;
     auto& cells = g.rows[static_cast<size_t>(g.Row)].cells;
     const QString decode = ComboText(w.cboDecode);

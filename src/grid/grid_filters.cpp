@@ -54,8 +54,8 @@ void FilterGridRows(Core& c) {
     for (int r = 1; r < g.Rows(); ++r) {
         auto& row = g.rows[static_cast<size_t>(r)];
         const QString& group = row.cells[11];
-        bool show = (group0 && show0 == group) || (group1 && show1 == group) ||
-                    (!group0 && !group1);
+        bool show =
+            (group0 && show0 == group) || (group1 && show1 == group) || (!group0 && !group1);
         // The mode is a search within the cell: "FM" passes FM, FMN and WFM.
         if (show && byMode) show = row.cells[2].contains(mode);
         if (show && byRange) {

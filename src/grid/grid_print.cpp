@@ -37,9 +37,9 @@ bool AlignedField(const QString& text, QChar decimal, QString* out) {
 
 QStringList PrintListing(const MemoryGrid& grid, QChar decimal, bool* failed) {
     QStringList lines = {QString(15, ' ') + "Memories print", "",
-                         QString(15, ' ') + "RX Freq    " + "Mode   " + "Shift   " +
-                             "TX/Offset  " + "TX Mode  " + "Decode       " + "Tone   " +
-                             "Show  " + "Name   " + "Scan/Group",
+                         QString(15, ' ') + "RX Freq    " + "Mode   " + "Shift   " + "TX/Offset  " +
+                             "TX Mode  " + "Decode       " + "Tone   " + "Show  " + "Name   " +
+                             "Scan/Group",
                          ""};
     *failed = false;
     auto emptyRun = [&](int first, int last) {
@@ -97,7 +97,8 @@ void mnuPrint_Click(Core& c) {
         return;
     }
     QString reason;
-    if (!c.p.printer->print(lines, &reason)) tell("The memory grid could not be printed: " + reason);
+    if (!c.p.printer->print(lines, &reason))
+        tell("The memory grid could not be printed: " + reason);
 }
 
 }  // namespace veldor

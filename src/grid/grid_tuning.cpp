@@ -120,5 +120,4 @@ void ApplySplitMemory(Core& c) {
     }
 }
 
-
 }  // namespace veldor

@@ -293,8 +293,8 @@ void SaveGridFile(Core& c) {
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly) ||
         file.write(EncodeGrid(c.frmCsvMem.grdMemories.rows)) < 0 || !file.commit())
-        ReportMessage(c, "The memory grid could not be saved to " + name + ": " +
-                             file.errorString());
+        ReportMessage(c,
+                      "The memory grid could not be saved to " + name + ": " + file.errorString());
 }
 
 void GridChanged(Core& c) {
@@ -306,17 +306,17 @@ void GridChanged(Core& c) {
 
 void DisableMenus(Core& c) {
     FrmCsvMem& w = c.frmCsvMem;
-    for (MenuItem* m : {&w.mnuExit, &w.mnuCopy, &w.mnuPrint, &w.mnuRenumber, &w.mnuInsertAbove,
-                        &w.mnuMove, &w.mnuSwap, &w.mnuAddCSV, &w.mnuSaveCSV, &w.mnuNewGrid,
-                        &w.mnuSaveFiltered})
+    for (MenuItem* m :
+         {&w.mnuExit, &w.mnuCopy, &w.mnuPrint, &w.mnuRenumber, &w.mnuInsertAbove, &w.mnuMove,
+          &w.mnuSwap, &w.mnuAddCSV, &w.mnuSaveCSV, &w.mnuNewGrid, &w.mnuSaveFiltered})
         m->enabled = false;
 }
 
 void EnableMenus(Core& c) {
     FrmCsvMem& w = c.frmCsvMem;
-    for (MenuItem* m : {&w.mnuExit, &w.mnuCopy, &w.mnuPrint, &w.mnuRenumber, &w.mnuInsertAbove,
-                        &w.mnuMove, &w.mnuSwap, &w.mnuAddCSV, &w.mnuSaveCSV, &w.mnuNewGrid,
-                        &w.mnuSaveFiltered, &w.mnuEdit})
+    for (MenuItem* m :
+         {&w.mnuExit, &w.mnuCopy, &w.mnuPrint, &w.mnuRenumber, &w.mnuInsertAbove, &w.mnuMove,
+          &w.mnuSwap, &w.mnuAddCSV, &w.mnuSaveCSV, &w.mnuNewGrid, &w.mnuSaveFiltered, &w.mnuEdit})
         m->enabled = true;
 }
 
@@ -356,16 +356,16 @@ void mnuAddCSV_Click(Core& c) {
     }
     for (const QString& message : in.messages) ReportMessage(c, message);
     if (in.failedRecord > 0) {
-        c.p.dialogs->messageBox(CsvFailureText(in), "VELDOR", MsgButtons::OK,
-                                MsgIcon::Critical);
+        c.p.dialogs->messageBox(CsvFailureText(in), "VELDOR", MsgButtons::OK, MsgIcon::Critical);
         return;
     }
     if (!in.messages.isEmpty() &&
         Ask(c, "One or more errors existing in this file. Do you want to try to load it?",
             MsgButtons::YesNo) == MsgResult::No)
         return;
-    const MsgResult clear = Ask(c, "Do you want to clear all of the existing memories before importing?",
-                                MsgButtons::YesNoCancel);
+    const MsgResult clear =
+        Ask(c, "Do you want to clear all of the existing memories before importing?",
+            MsgButtons::YesNoCancel);
     if (clear == MsgResult::Cancel) return;
     MemoryGrid& g = c.frmCsvMem.grdMemories;
     if (clear == MsgResult::Yes) g.rows.resize(1);
@@ -382,9 +382,8 @@ void mnuAddCSV_Click(Core& c) {
 
 bool WriteCsvFile(Core& c, const QString& fileName) {
     QSaveFile file(fileName);
-    const QByteArray bytes =
-        WriteCsvRows(c.frmCsvMem.grdMemories.rows, c.s.FieldDelimiter[0], Mark(c),
-                     c.s.SaveFilteredOnly, 2);
+    const QByteArray bytes = WriteCsvRows(c.frmCsvMem.grdMemories.rows, c.s.FieldDelimiter[0],
+                                          Mark(c), c.s.SaveFilteredOnly, 2);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return true;
     Tell(c, "Filename " + fileName + " could not be written: " + file.errorString());
@@ -435,8 +434,8 @@ void ResetGrid(Core& c) {
     g.rows.assign(2, GridRow{});
     for (int col = 0; col < GridCols; ++col) g.rows[0].cells[col] = ColumnHeadings()[col];
     // Literals with a point, in every locale.
-    g.rows[1].cells = {"1", "7.00000", "LSB", "Simplex", ".10000", "", "", "", "Freq", "", "Y", "0",
-                       ""};
+    g.rows[1].cells = {"1", "7.00000", "LSB", "Simplex", ".10000", "", "",
+                       "",  "Freq",    "",    "Y",       "0",      ""};
     g.Row = 1;
     g.Col = 1;
     ++g.revision;

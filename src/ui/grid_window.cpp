@@ -105,8 +105,8 @@ QWidget* GridWindow::buildFilterStrip(QWidget* parent) {
     mode->setAccessibleName("Mode to show");
     row->addWidget(mode);
     row->addSpacing(8);
-    QCheckBox* byRange = kit_.check(strip, "chkFilter_4", w.chkFilter[4],
-                                    [](Core& c) { chkFilter_Click(c, 4); });
+    QCheckBox* byRange =
+        kit_.check(strip, "chkFilter_4", w.chkFilter[4], [](Core& c) { chkFilter_Click(c, 4); });
     byRange->setText("Lo/Hi");
     row->addWidget(byRange);
     for (auto [name, box, check, label] :

@@ -20,9 +20,9 @@ struct GridStation : OnAir {
     void memories(int n) {
         g().rows.resize(static_cast<size_t>(n) + 1);
         for (int r = 1; r <= n; ++r)
-            g().rows[static_cast<size_t>(r)].cells = {QString::number(r), "145.50000", "FM",
-                                                      "Simplex", ".60000", "", "", "", "Freq",
-                                                      QString("M%1").arg(r), "Y", "0", ""};
+            g().rows[static_cast<size_t>(r)].cells = {
+                QString::number(r),    "145.50000", "FM", "Simplex", ".60000", "", "", "", "Freq",
+                QString("M%1").arg(r), "Y",         "0",  ""};
     }
     QStringList names() {
         QStringList out;
@@ -160,8 +160,8 @@ TEST(GridEditing, TheEditPanelChecksItsBoxesAndWritesTheRow) {
     cmdEditOK_Click(st.c);
     EXPECT_FALSE(w.frmEdit.visible);
     EXPECT_EQ(st.g().rows[2].cells,
-              (std::array<QString, GridCols>{"2", "433.50000", "FM", "Simplex", "5.00000", "", "DCS",
-                                             "023", "Freq", "GB3 X", "Y", "B", ""}));
+              (std::array<QString, GridCols>{"2", "433.50000", "FM", "Simplex", "5.00000", "",
+                                             "DCS", "023", "Freq", "GB3 X", "Y", "B", ""}));
 }
 
 TEST(GridFilters, HideRowsByGroupModeAndRange) {
@@ -285,12 +285,13 @@ TEST(GridImport, AsksItsQuestionsAppendsAndClearsTheFilters) {
     ASSERT_GE(st.dialogs.messages.size(), 2u);
     EXPECT_EQ(st.dialogs.messages[st.dialogs.messages.size() - 2].text,
               "One or more errors existing in this file. Do you want to try to load it?");
-    EXPECT_EQ(st.lastMessage(), "Do you want to clear all of the existing memories before importing?");
+    EXPECT_EQ(st.lastMessage(),
+              "Do you want to clear all of the existing memories before importing?");
     EXPECT_TRUE(st.c.frmErrorList.txtErrors.text.contains("Record 1. Scan of X is invalid."));
     ASSERT_EQ(st.g().Rows(), 4);
     EXPECT_EQ(st.g().rows[3].cells,
-              (std::array<QString, GridCols>{"3", "145.60000", "FM", "Minus", ".60000", "", "",
-                                             "", "Freq", "Rpt     ", "Y", "1", "North"}));
+              (std::array<QString, GridCols>{"3", "145.60000", "FM", "Minus", ".60000", "", "", "",
+                                             "Freq", "Rpt     ", "Y", "1", "North"}));
     EXPECT_EQ(st.c.frmCsvMem.chkFilter[0].value, 0);
     EXPECT_EQ(st.c.s.FieldDelimiter, ";");
 

@@ -12,8 +12,9 @@
 namespace veldor::test {
 namespace {
 
-const QByteArray kHeader = "Memory,RX Freq,RX Mode,Shift,TX Shift/Freq,TX Mode,CTCSS/DCS,"
-                           "Tone/Code,Show,Name,Scan,Group,Description\r\n";
+const QByteArray kHeader =
+    "Memory,RX Freq,RX Mode,Shift,TX Shift/Freq,TX Mode,CTCSS/DCS,"
+    "Tone/Code,Show,Name,Scan,Group,Description\r\n";
 
 CsvRules Ft817Rules() {
     CsvRules rules{RigFT817, {}, {}};
@@ -123,10 +124,12 @@ TEST(CsvImport, AFieldThatIsNoNumberStopsTheImportAtItsRecord) {
 
 TEST(CsvExport, WritesNumbersWithABlankEachSideAndNamesOfEight) {
     std::vector<GridRow> rows(5);
-    rows[1].cells = {"1", "7.00000", "LSB", "Simplex", ".10000", "", "", "", "Freq", "", "Y", "0", ""};
-    rows[2].cells = {"2", "145.50000", "FM", "Plus", ".60000", "", "CTCSS Enc", "88.5",
-                     "Name", "Repeater9", "N", "A", "Hill"};
-    rows[3].cells = {"3", "", "", "", "", "", "", "", "", "", "", "", ""};  // inserted, never filled
+    rows[1].cells = {"1", "7.00000", "LSB", "Simplex", ".10000", "", "",
+                     "",  "Freq",    "",    "Y",       "0",      ""};
+    rows[2].cells = {"2",    "145.50000", "FM",        "Plus", ".60000", "",    "CTCSS Enc",
+                     "88.5", "Name",      "Repeater9", "N",    "A",      "Hill"};
+    rows[3].cells = {"3", "", "", "", "", "", "",
+                     "",  "", "", "", "", ""};  // inserted, never filled
     rows[4].cells = {"4", "Empty", "USB", "Simplex", "", "", "", "", "Freq", "x", "Y", "0", ""};
     rows[4].hidden = true;
     EXPECT_EQ(WriteCsvRows(rows, ',', '.', false, 2),
@@ -135,14 +138,25 @@ TEST(CsvExport, WritesNumbersWithABlankEachSideAndNamesOfEight) {
                   " 4 , 0 ,USB,Simplex, 0 ,,,,Freq,x       ,Y,0,\r\n");
     const QByteArray filtered = WriteCsvRows(rows, ';', ',', true, 2);
     EXPECT_TRUE(filtered.startsWith("Memory;RX Freq;"));
-    EXPECT_TRUE(filtered.endsWith("\r\n 2 ; 145,5 ;FM;Plus; ,6 ;;CTCSS Enc;88.5;Name;Repeater;N;A;Hill\r\n"));
+    EXPECT_TRUE(filtered.endsWith(
+        "\r\n 2 ; 145,5 ;FM;Plus; ,6 ;;CTCSS Enc;88.5;Name;Repeater;N;A;Hill\r\n"));
     EXPECT_EQ(CsvNumber(-0.25, '.'), "-.25 ");
     // What is written reads back as it was, under either locale.
     for (QChar decimal : {QChar('.'), QChar(',')}) {
         std::vector<GridRow> grid(2);
-        grid[1].cells = {"1", QString("438") + decimal + "62500", "FM", "Minus",
-                         QString("7") + decimal + "60000", "", "DCS", "023", "Freq", "GB3X    ",
-                         "Y", "7", "text"};
+        grid[1].cells = {"1",
+                         QString("438") + decimal + "62500",
+                         "FM",
+                         "Minus",
+                         QString("7") + decimal + "60000",
+                         "",
+                         "DCS",
+                         "023",
+                         "Freq",
+                         "GB3X    ",
+                         "Y",
+                         "7",
+                         "text"};
         QChar delimiter = decimal == '.' ? ',' : ';';
         const CsvImport back = ReadCsvFile(WriteCsvRows(grid, delimiter, decimal, false, 2),
                                            delimiter, decimal, Ft817Rules());
@@ -155,8 +169,9 @@ TEST(CsvExport, WritesNumbersWithABlankEachSideAndNamesOfEight) {
 TEST(GridFile, KeepsEveryCellAndTheRowCountExactly) {
     std::vector<GridRow> rows(4);
     rows[0].cells[0] = "Memory";
-    rows[1].cells = {"1", "a\tb", "line\nbreak", "cr\r", "back\\slash\\t", "\"quoted\"", "",
-                     " lead", "trail ", "\\", "\t\n", "é€", ""};
+    rows[1].cells = {"1", "a\tb",  "line\nbreak", "cr\r", "back\\slash\\t", "\"quoted\"",
+                     "",  " lead", "trail ",      "\\",   "\t\n",           "é€",
+                     ""};
     rows[3].cells[12] = "last";
     std::vector<GridRow> back;
     QString reason;
@@ -165,10 +180,10 @@ TEST(GridFile, KeepsEveryCellAndTheRowCountExactly) {
     for (size_t r = 0; r < rows.size(); ++r) EXPECT_EQ(back[r].cells, rows[r].cells) << r;
 
     const QByteArray good = EncodeGrid(rows);
-    for (const QByteArray& bad : {QByteArray(), good.left(good.size() - 1), good + "x\n",
-                                  good.left(good.indexOf("a\\tb")) + "a\\qb" +
-                                      good.mid(good.indexOf("a\\tb") + 4),
-                                  QByteArray(good).replace("\n4\n", "\n9\n")}) {
+    for (const QByteArray& bad :
+         {QByteArray(), good.left(good.size() - 1), good + "x\n",
+          good.left(good.indexOf("a\\tb")) + "a\\qb" + good.mid(good.indexOf("a\\tb") + 4),
+          QByteArray(good).replace("\n4\n", "\n9\n")}) {
         std::vector<GridRow> untouched(1);
         untouched[0].cells[0] = "kept";
         EXPECT_FALSE(DecodeGrid(bad, &untouched, &reason));

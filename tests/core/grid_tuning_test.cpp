@@ -23,8 +23,8 @@ struct Tuned : OnAir {
 
 TEST(GridGoTo, TunesSimplexRepeaterToneAndSplitRows) {
     Tuned st(RigFT817);
-    st.goTo({"1", "145.50000", "FM", "Simplex", ".60000", "", "", "", "Freq", "Calling", "Y", "0",
-             ""});
+    st.goTo(
+        {"1", "145.50000", "FM", "Simplex", ".60000", "", "", "", "Freq", "Calling", "Y", "0", ""});
     EXPECT_EQ(st.state().frequencyHz, 145500000);
     EXPECT_EQ(st.state().mode, "FM");
     EXPECT_EQ(st.state().shift, "0");
@@ -55,8 +55,8 @@ TEST(GridGoTo, OffsetsUpTo7600KilohertzAndRefusals) {
     } cases[] = {{".60000", "600"}, {"7.60000", "7600"}, {"7.70000", "600"}, {"", "600"}};
     for (const auto& t : cases) {
         MemoryGrid& g = st.c.frmCsvMem.grdMemories;
-        g.rows[1].cells = {"1", "145.60000", "FM", "Plus", t.offset, "", "CTCSS Enc", "999.9",
-                           "Freq", "", "Y", "0", ""};
+        g.rows[1].cells = {"1",     "145.60000", "FM", "Plus", t.offset, "", "CTCSS Enc",
+                           "999.9", "Freq",      "",   "Y",    "0",      ""};
         st.c.s.TargetOffset = "0";
         mnuGoTo_Click(st.c);
         EXPECT_EQ(st.c.s.TargetOffset, t.expected) << t.offset;

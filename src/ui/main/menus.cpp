@@ -88,7 +88,8 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
 
     Items(kit, Menu(bar, "mnuView", "&View"),
           {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
-    Items(kit, Menu(bar, "mnuEdit", "&Edit"), {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
+    Items(kit, Menu(bar, "mnuEdit", "&Edit"),
+          {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
           {{"mnuConvert", &f.mnuConvert, {}},
            {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});
