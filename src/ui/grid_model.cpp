@@ -71,14 +71,13 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
 bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole) return false;
     const int row = gridRow(index.row());
-    bool stored = false;
-    kit_.handle([&](Core& c) {
-        stored = grdMemories_ValidateEdit(c, row, index.column(), value.toString());
-        if (!stored) c.p.system->beep();
-    });
-    // Only this cell changed: no need to show the rows anew.
+    // Run here rather than through the kit: the editor is still committing, and showing the
+    // rows anew now would pull the row from under it. Only this cell changed.
+    Core& c = kit_.core();
+    const bool stored = grdMemories_ValidateEdit(c, row, index.column(), value.toString());
+    if (!stored) c.p.system->beep();
     revision_ = grid().revision;
-    if (stored) emit dataChanged(index, index);
+    if (stored) Q_EMIT dataChanged(index, index);
     return stored;
 }
 

@@ -107,15 +107,20 @@ QWidget* GridWindow::buildFilterStrip(QWidget* parent) {
     row->addSpacing(8);
     QCheckBox* byRange =
         kit_.check(strip, "chkFilter_4", w.chkFilter[4], [](Core& c) { chkFilter_Click(c, 4); });
-    byRange->setText("Lo/Hi");
+    byRange->setAccessibleName("Lo/Hi filter");
     row->addWidget(byRange);
-    for (auto [name, box, check, label] :
-         {std::tuple{"txtFreqLo", &w.txtFreqLo, txtFreqLo_Check, "Lo"},
-          std::tuple{"txtFreqHi", &w.txtFreqHi, txtFreqHi_Check, "Hi"}}) {
-        QLineEdit* e = kit_.textBox(strip, name, *box);
+    const struct {
+        const char* name;
+        TextBox& box;
+        bool (*check)(Core&);
+        const char* label;
+    } limits[] = {{"txtFreqLo", w.txtFreqLo, txtFreqLo_Check, "&Lo"},
+                  {"txtFreqHi", w.txtFreqHi, txtFreqHi_Check, "&Hi"}};
+    for (const auto& limit : limits) {
+        QLineEdit* e = kit_.textBox(strip, limit.name, limit.box);
         e->setMaximumWidth(80);
-        e->setAccessibleName(QString(label) + " frequency");
-        Checked(kit_, e, check);
+        Checked(kit_, e, limit.check);
+        row->addWidget(BuddyLabel(limit.label, e));
         row->addWidget(e);
     }
     row->addStretch(1);
@@ -217,6 +222,9 @@ void GridWindow::buildTable(QWidget* parent) {
                 g.Row = model_->gridRow(current.row());
                 g.Col = current.column();
             });
+    // After an in-place edit the column fits its contents again.
+    connect(model_, &QAbstractItemModel::dataChanged, table_,
+            [this](const QModelIndex& cell) { table_->resizeColumnToContents(cell.column()); });
     connect(table_, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
         MemoryGrid& g = kit_.core().frmCsvMem.grdMemories;
         g.Row = model_->gridRow(index.row());
@@ -224,9 +232,9 @@ void GridWindow::buildTable(QWidget* parent) {
         kit_.handle(grdMemories_DblClick);
     });
     // The arrows walk off the grid's edges to tune; Delete and the pad's decimal key delete.
+    // (While a cell is edited its keys go to the editor, not here.)
     OnEvent(table_, [this](QEvent* event) {
-        if (event->type() != QEvent::KeyPress || table_->state() == QAbstractItemView::EditingState)
-            return false;
+        if (event->type() != QEvent::KeyPress) return false;
         const auto* key = static_cast<QKeyEvent*>(event);
         const int col = table_->currentIndex().column();
         int code = 0;

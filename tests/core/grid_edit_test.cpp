@@ -199,8 +199,11 @@ TEST(GridFilters, HideRowsByGroupModeAndRange) {
         {{0, 0, 0, 1, 0}, "0", "0", "SSB", "", "", "--vv--", true},
         {{0, 0, 0, 1, 0}, "0", "0", "AM", "", "", "----vv", true},
         {{0, 0, 0, 1, 0}, "0", "0", "All", "", "", "vvvvvv", true},
-        {{0, 0, 0, 0, 1}, "0", "0", "All", "", "146", "vv-v--", true},
-        {{0, 0, 0, 0, 1}, "0", "0", "All", "145.5", "146", "vv----", true},
+        // A text without a decimal mark is kHz. A row that is no number reads as -1: it
+        // passes an upper limit alone.
+        {{0, 0, 0, 0, 1}, "0", "0", "All", "", "146.0", "vv-vvv", true},
+        {{0, 0, 0, 0, 1}, "0", "0", "All", "", "146000", "vv-vvv", true},
+        {{0, 0, 0, 0, 1}, "0", "0", "All", "145.5", "146.0", "vv----", true},
     };
     for (const auto& t : cases) {
         for (int i : {0, 1, 3, 4}) w.chkFilter[i].value = t.ticks[i];

@@ -136,6 +136,8 @@ TEST(CsvExport, WritesNumbersWithABlankEachSideAndNamesOfEight) {
               kHeader + " 1 , 7 ,LSB,Simplex, .1 ,,,,Freq,        ,Y,0,\r\n" +
                   " 2 , 145.5 ,FM,Plus, .6 ,,CTCSS Enc,88.5,Name,Repeater,N,A,Hill\r\n" +
                   " 4 , 0 ,USB,Simplex, 0 ,,,,Freq,x       ,Y,0,\r\n");
+    rows[2].cells[1] = "145,50000";
+    rows[2].cells[4] = ",60000";
     const QByteArray filtered = WriteCsvRows(rows, ';', ',', true, 2);
     EXPECT_TRUE(filtered.startsWith("Memory;RX Freq;"));
     EXPECT_TRUE(filtered.endsWith(

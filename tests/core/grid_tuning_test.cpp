@@ -38,13 +38,15 @@ TEST(GridGoTo, TunesSimplexRepeaterToneAndSplitRows) {
     EXPECT_EQ(st.state().toneDeciHz, 885);
     EXPECT_EQ(st.state().toneMode, "encode");
 
-    st.goTo({"1", "14.20000", "USB", "Split", "14.25000", "CW", "", "", "Freq", "", "Y", "0", ""});
-    EXPECT_EQ(st.state().frequencyHz, 14200000);
-    EXPECT_EQ(st.state().mode, "USB");
-    EXPECT_EQ(st.state().vfoBHz, 14250000);
-    EXPECT_FALSE(st.state().vfoB);
-    EXPECT_TRUE(st.state().split);
-    EXPECT_EQ(st.state().toneMode, "off");
+    // A split pair: the transmit side on VFO B, the receive side on A, split on.
+    Tuned split(RigFT920);
+    split.goTo(
+        {"1", "14.20000", "USB", "Split", "14.25000", "CW", "", "", "Freq", "", "Y", "0", ""});
+    EXPECT_EQ(split.state().frequencyHz, 14200000);
+    EXPECT_EQ(split.state().mode, "USB");
+    EXPECT_EQ(split.state().vfoBHz, 14250000);
+    EXPECT_FALSE(split.state().vfoB);
+    EXPECT_TRUE(split.state().split);
 }
 
 TEST(GridGoTo, OffsetsUpTo7600KilohertzAndRefusals) {

@@ -1,7 +1,9 @@
 // The real program's memory grid: Mem Grid opens it, a CSV file is added through the open
 // dialog and the questions, the grid shows it, and Save All writes it through the save dialog.
+#include "grid/grid.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
+#include "ui/qt_printer.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -125,6 +127,41 @@ TEST(MemoryGridInTheProgram, AddsACsvFileAndSavesItThroughTheDialogs) {
     EXPECT_TRUE(copy.readAll().endsWith(" 2 , 433.2 ,FMN,Simplex, 5 ,,,,Freq,        ,Y,0,\r\n"));
     EXPECT_TRUE(QFile::exists(dir.path() + "/LastUsed.VDR"));
     app.closeForSignal();
+}
+
+TEST(MemoryGridListing, PrintsToAPdfFileInAFixedPitchFont) {
+    QTemporaryDir dir;
+    veldor::MemoryGrid grid;
+    grid.rows.resize(80);
+    for (int r = 1; r < 80; ++r)
+        grid.rows[static_cast<size_t>(r)].cells = {QString::number(r),
+                                                   r % 7 == 3 ? "Empty" : "145.50000",
+                                                   "FM",
+                                                   "Minus",
+                                                   ".60000",
+                                                   "",
+                                                   "CTCSS Enc",
+                                                   "88.5",
+                                                   "Name",
+                                                   "GB3XX   ",
+                                                   "Y",
+                                                   "2",
+                                                   r % 5 ? "" : "Hill top"};
+    bool failed = false;
+    const QStringList lines = veldor::PrintListing(grid, '.', &failed);
+    ASSERT_FALSE(failed);
+    // Where the tests are told to, the listing is kept for the eye.
+    const QString kept = qEnvironmentVariable("VELDOR_LISTING_PDF");
+    const QString path = kept.isEmpty() ? dir.path() + "/listing.pdf" : kept;
+    veldor::QtPrinter printer(path);
+    ASSERT_TRUE(printer.available());
+    QString reason;
+    ASSERT_TRUE(printer.print(lines, &reason)) << reason.toStdString();
+    QFile pdf(path);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    const QByteArray bytes = pdf.readAll();
+    EXPECT_TRUE(bytes.startsWith("%PDF"));
+    EXPECT_GE(bytes.count("/Type /Page\n") + bytes.count("/Type /Page\r"), 2);  // it runs on
 }
 
 }  // namespace
