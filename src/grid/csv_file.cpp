@@ -3,6 +3,8 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
 
+#include <QSet>
+
 #include <cmath>
 #include <limits>
 
@@ -10,17 +12,55 @@ namespace veldor {
 
 namespace {
 
-// The program trims blanks only, as its text functions do: a tab stays.
-QString TrimBlanks(const QString& text) {
-    qsizetype from = 0, to = text.size();
-    while (from < to && text[from] == ' ') ++from;
-    while (to > from && text[to - 1] == ' ') --to;
-    return text.mid(from, to - from);
-}
-
 // Cut, or padded with blanks on the right, to eight characters.
 QString FitName(const QString& name) {
     return (name + QString(8, ' ')).left(8);
+}
+
+// Blanks trimmed from both ends; the program trims blanks only, as its text functions do: a
+// tab stays.
+QString TrimmedText(QStringView text) {
+    qsizetype from = 0, to = text.size();
+    while (from < to && text[from] == ' ') ++from;
+    while (to > from && text[to - 1] == ' ') --to;
+    return text.sliced(from, to - from).toString();
+}
+
+// The lines of a file's text, as views into it.
+std::vector<QStringView> LineViews(const QString& text) {
+    std::vector<QStringView> lines;
+    const qsizetype n = text.size();
+    qsizetype from = 0;
+    while (from < n) {
+        qsizetype end = from;
+        while (end < n && text[end] != '\r' && text[end] != '\n') ++end;
+        lines.push_back(QStringView(text).sliced(from, end - from));
+        if (end < n && text[end] == '\r' && end + 1 < n && text[end + 1] == '\n') ++end;
+        from = end + 1;
+    }
+    return lines;
+}
+
+// The thirteen fields of a line, as views into it; a field beyond the line's end is empty.
+std::array<QStringView, GridCols> FieldViews(QStringView line, QChar delimiter) {
+    std::array<QStringView, GridCols> fields;
+    qsizetype from = 0;
+    for (int i = 0; i < GridCols && !line.isEmpty(); ++i) {
+        qsizetype end = line.indexOf(delimiter, from);
+        if (end < 0) end = line.size();
+        fields[i] = line.sliced(from, end - from);
+        if (end == line.size()) break;
+        from = end + 1;
+    }
+    return fields;
+}
+
+// A frequency field with the decimal mark made the locale's, by the file's delimiter.
+QString FrequencyField(QStringView field, QChar delimiter, QChar decimal) {
+    QString text = field.toString();
+    if (delimiter == ',' && decimal == ',') text.replace('.', ',');
+    if (delimiter == ';' && decimal == '.') text.replace(',', '.');
+    return text;
 }
 
 // The fields of a line as GetCsvField reads them one by one, read in one walk.
@@ -82,11 +122,37 @@ QString MendTone(QString tone, const QString& kind) {
     return tone;
 }
 
+// The pattern "###.00000": five decimals, rounded half away from zero, no zero ahead of the
+// mark. Written out by hand, since an import makes two for every record.
 QString Fixed5(double value, QChar decimal) {
-    QString text = basic::Format(value, "###.00000");
-    if (basic::DecimalMark() != decimal) text.replace(basic::DecimalMark(), decimal);
+    const double scaled = std::round(std::fabs(value) * 100000);
+    if (!(scaled < 9e18))
+        return basic::Format(value, "###.00000").replace(basic::DecimalMark(), decimal);
+    const auto units = static_cast<long long>(scaled);
+    QString text = (value < 0 && units != 0) ? QStringLiteral("-") : QString();
+    if (units >= 100000) text += QString::number(units / 100000);
+    text += decimal;
+    const QString fraction = QString::number(units % 100000);
+    text += QString(5 - fraction.size(), '0') + fraction;
     return text;
 }
+
+// Texts that recur from record to record ("FM", "Plus", "Freq", "Y") are kept once and shared
+// by every cell that holds them, so that a long grid holds little more than its frequencies,
+// names and descriptions.
+class SharedTexts {
+  public:
+    QString operator()(const QString& text) {
+        if (text.isEmpty()) return QString();
+        const auto it = texts_.constFind(text);
+        if (it != texts_.cend()) return *it;
+        if (texts_.size() < 4096) texts_.insert(text);
+        return text;
+    }
+
+  private:
+    QSet<QString> texts_;
+};
 
 }  // namespace
 
@@ -176,10 +242,12 @@ QString CsvNumber(double value, QChar decimal) {
 CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
                       const CsvRules& rules) {
     CsvImport in;
-    const QStringList lines = CsvLines(bytes);
-    if (lines.isEmpty() || !CheckHeaderRecord(lines[0], delimiter)) return in;
+    const QString text = QString::fromLatin1(bytes);
+    const std::vector<QStringView> lines = LineViews(text);
+    if (lines.empty() || !CheckHeaderRecord(lines[0].toString(), delimiter)) return in;
     in.headerValid = true;
-    in.rows.reserve(static_cast<size_t>(lines.size() - 1));
+    in.rows.reserve(lines.size() - 1);
+    SharedTexts shared;
     auto fail = [&](int record, Failure f) {
         in.failedRecord = record;
         in.errorNumber = f.number;
@@ -187,25 +255,37 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
         in.rows.clear();
         return in;
     };
-    for (qsizetype i = 1; i < lines.size(); ++i) {
+    QString blanked;
+    for (size_t i = 1; i < lines.size(); ++i) {
         const int record = static_cast<int>(i);
-        const QString n = QString::number(record);
-        auto report = [&](const QString& text) { in.messages.append("Record " + n + text); };
-        const auto f = SplitFields(BlankQuotedDelimiters(lines[i], delimiter), delimiter, decimal);
+        auto report = [&](const QString& message) {
+            in.messages.append("Record " + QString::number(record) + message);
+        };
+        QStringView line = lines[i];
+        if (line.contains(QLatin1Char('"'))) {
+            blanked = BlankQuotedDelimiters(line.toString(), delimiter);
+            line = blanked;
+        }
+        const auto views = FieldViews(line, delimiter);
+        const QString f[] = {views[0].toString(), FrequencyField(views[1], delimiter, decimal),
+                             QString(), QString(), FrequencyField(views[4], delimiter, decimal)};
 
-        // Field 1 is read as a 16-bit number, though the number is the row's in the grid.
+        // Field 1 must be a whole number, though the memory's number is its row in the grid. It
+        // is read as a 32-bit one, so that a grid of more than 32767 memories reads back its
+        // own export.
         double memory = 0, rx = 0, tx = 0.1;
         if (!CellNumber(f[0], decimal, &memory)) return fail(record, kTypeMismatch);
-        if (std::nearbyint(memory) < -32768 || std::nearbyint(memory) > 32767)
-            return fail(record, kOverflow);
+        int32_t whole = 0;
+        if (!TensOfHertz(memory / 100000, &whole)) return fail(record, kOverflow);
         if (!CellNumber(f[1], decimal, &rx)) return fail(record, kTypeMismatch);
         if (!f[4].isEmpty() && !CellNumber(f[4], decimal, &tx)) return fail(record, kTypeMismatch);
-        const QString mode = TrimBlanks(f[2]), shift = TrimBlanks(f[3]), txMode = TrimBlanks(f[5]),
-                      kind = TrimBlanks(f[6]), show = TrimBlanks(f[8]);
-        QString tone = TrimBlanks(f[7]);
-        const QString name = FitName(TrimBlanks(f[9]));
-        QString scan = TrimBlanks(f[10]).toUpper(), group = TrimBlanks(f[11]).toUpper();
-        const QString description = TrimBlanks(f[12]);
+        const QString mode = TrimmedText(views[2]), shift = TrimmedText(views[3]),
+                      txMode = TrimmedText(views[5]), kind = TrimmedText(views[6]),
+                      show = TrimmedText(views[8]);
+        QString tone = TrimmedText(views[7]);
+        const QString name = FitName(TrimmedText(views[9]));
+        QString scan = TrimmedText(views[10]).toUpper(), group = TrimmedText(views[11]).toUpper();
+        const QString description = TrimmedText(views[12]);
 
         if (kind.startsWith("CTC") && tone.isEmpty())
             report(".  CTCSS specified, but tone is missing");
@@ -295,7 +375,7 @@ QByteArray WriteCsvRows(const std::vector<GridRow>& rows, QChar delimiter, QChar
         double rx = 0, tx = 0;
         CellNumber(cells[1], decimal, &rx);
         CellNumber(cells[4], decimal, &tx);
-        text += CsvNumber(static_cast<double>(r), decimal);
+        text += QLatin1Char(' ') + QString::number(r) + QLatin1Char(' ');
         text += delimiter;
         text += CsvNumber(rx, decimal);
         for (int col : {2, 3}) text += delimiter + cells[col];

@@ -198,6 +198,13 @@ void OpenMemoryGridAtStart(Core& c) {
 namespace {
 
 void Escape(QString& out, const QString& cell) {
+    const bool plain = std::none_of(cell.begin(), cell.end(), [](QChar ch) {
+        return ch == '\\' || ch == '\t' || ch == '\n' || ch == '\r';
+    });
+    if (plain) {
+        out += cell;
+        return;
+    }
     for (QChar ch : cell) {
         switch (ch.unicode()) {
             case '\\':

@@ -115,7 +115,7 @@ TEST(CsvImport, AFieldThatIsNoNumberStopsTheImportAtItsRecord) {
               "Problem encountered reading the import file at record 2\r\nError number13, Type "
               "mismatch\r\nImport aborted\r\nProbable cause is an extra blank line in the CSV "
               "file\r\nor one or more commas missing from the end of record(s)");
-    for (const char* record : {"40000,7,LSB", "1,99999,LSB", "1,7.x,LSB", "1,7,LSB,Split,.1x"}) {
+    for (const char* record : {"4000000000,7,LSB", "1,99999,LSB", "1,7.x,LSB", "1,7,LSB,Split,.1x"}) {
         const CsvImport bad = Read(kHeader + record);
         EXPECT_EQ(bad.failedRecord, 1) << record;
         EXPECT_NE(bad.errorNumber, 0) << record;
