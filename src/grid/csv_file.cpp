@@ -3,42 +3,38 @@
 #include "basic/basic.h"
 #include "link/catalogue.h"
 
-#include <QSet>
-
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <unordered_set>
 
 namespace veldor {
 
 namespace {
 
 // Cut, or padded with blanks on the right, to eight characters.
-QString FitName(const QString& name) {
-    return (name + QString(8, ' ')).left(8);
+QString FitName(QStringView name) {
+    QString fitted(8, ' ');
+    std::copy_n(name.begin(), std::min<qsizetype>(name.size(), 8), fitted.begin());
+    return fitted;
+}
+
+// Text appended as Latin-1, a character beyond it as "?", as QString::toLatin1 does.
+void AppendLatin1(QByteArray& out, QStringView text) {
+    const qsizetype at = out.size();
+    out.resize(at + text.size());
+    char* p = out.data() + at;
+    for (QChar ch : text) *p++ = ch.unicode() < 256 ? static_cast<char>(ch.unicode()) : '?';
 }
 
 // Blanks trimmed from both ends; the program trims blanks only, as its text functions do: a
 // tab stays.
-QString TrimmedText(QStringView text) {
+QStringView TrimmedText(QStringView text) {
     qsizetype from = 0, to = text.size();
     while (from < to && text[from] == ' ') ++from;
     while (to > from && text[to - 1] == ' ') --to;
-    return text.sliced(from, to - from).toString();
-}
-
-// The lines of a file's text, as views into it.
-std::vector<QStringView> LineViews(const QString& text) {
-    std::vector<QStringView> lines;
-    const qsizetype n = text.size();
-    qsizetype from = 0;
-    while (from < n) {
-        qsizetype end = from;
-        while (end < n && text[end] != '\r' && text[end] != '\n') ++end;
-        lines.push_back(QStringView(text).sliced(from, end - from));
-        if (end < n && text[end] == '\r' && end + 1 < n && text[end + 1] == '\n') ++end;
-        from = end + 1;
-    }
-    return lines;
+    return text.sliced(from, to - from);
 }
 
 // The thirteen fields of a line, as views into it; a field beyond the line's end is empty.
@@ -55,12 +51,13 @@ std::array<QStringView, GridCols> FieldViews(QStringView line, QChar delimiter) 
     return fields;
 }
 
-// A frequency field with the decimal mark made the locale's, by the file's delimiter.
-QString FrequencyField(QStringView field, QChar delimiter, QChar decimal) {
-    QString text = field.toString();
-    if (delimiter == ',' && decimal == ',') text.replace('.', ',');
-    if (delimiter == ';' && decimal == '.') text.replace(',', '.');
-    return text;
+// A frequency field with the decimal mark made the locale's, by the file's delimiter, in a
+// buffer used again from record to record.
+const QString& FrequencyField(QString& buffer, QStringView field, QChar delimiter, QChar decimal) {
+    buffer.setUnicode(field.data(), field.size());
+    if (delimiter == ',' && decimal == ',') buffer.replace('.', ',');
+    if (delimiter == ';' && decimal == '.') buffer.replace(',', '.');
+    return buffer;
 }
 
 // The fields of a line as GetCsvField reads them one by one, read in one walk.
@@ -97,16 +94,23 @@ bool TensOfHertz(double mhz, int32_t* out) {
     return true;
 }
 
-// "|" + word + "|" within a list of words between bars.
-bool InBarList(const QString& list, const QString& word) {
-    return list.contains(QLatin1Char('|') + word + QLatin1Char('|'));
+// Where "|" + word + "|" first falls within a list of words between bars: the place of the
+// word, or -1.
+qsizetype BarListFind(const QString& list, QStringView word) {
+    for (qsizetype at = list.indexOf(word, 1); at > 0 && at + word.size() < list.size();
+         at = list.indexOf(word, at + 1))
+        if (list[at - 1] == '|' && list[at + word.size()] == '|') return at;
+    return -1;
+}
+
+bool InBarList(const QString& list, QStringView word) {
+    return BarListFind(list, word) >= 0;
 }
 
 // Which entry of a bar list the word's place falls in: 0 the first, and so on; -1 none.
-int BarListEntry(const QString& list, const QString& word) {
-    const qsizetype at = list.indexOf(QLatin1Char('|') + word + QLatin1Char('|'));
+int BarListEntry(const QString& list, qsizetype at) {
     if (at < 0) return -1;
-    return static_cast<int>(list.left(at + 1).count('|')) - 1;
+    return static_cast<int>(QStringView(list).first(at).count(u'|')) - 1;
 }
 
 // The tone or code of field 8 put in the form the lists hold: "88" becomes "88.0", "23"
@@ -129,12 +133,82 @@ QString Fixed5(double value, QChar decimal) {
     if (!(scaled < 9e18))
         return basic::Format(value, "###.00000").replace(basic::DecimalMark(), decimal);
     const auto units = static_cast<long long>(scaled);
-    QString text = (value < 0 && units != 0) ? QStringLiteral("-") : QString();
-    if (units >= 100000) text += QString::number(units / 100000);
-    text += decimal;
-    const QString fraction = QString::number(units % 100000);
-    text += QString(5 - fraction.size(), '0') + fraction;
-    return text;
+    char text[32];
+    char* p = text;
+    if (value < 0 && units != 0) *p++ = '-';
+    if (units >= 100000) p = std::to_chars(p, text + sizeof text, units / 100000).ptr;
+    const auto mark = p - text;
+    *p++ = '.';
+    for (long long unit = 10000; unit >= 1; unit /= 10)
+        *p++ = static_cast<char>('0' + units / unit % 10);
+    QString fixed = QString::fromLatin1(text, p - text);
+    fixed[mark] = decimal;
+    return fixed;
+}
+
+// A plain decimal ("144.5", "-.6", "7", "5.") read straight; the general reader, many times
+// slower, gives the same correctly rounded value. False for any other form, left to it.
+bool PlainDecimal(QStringView text, QChar decimal, double* value) {
+    char digits[40];
+    if (text.isEmpty() || text.size() > static_cast<qsizetype>(sizeof digits)) return false;
+    size_t n = 0;
+    bool mark = false, digit = false;
+    for (qsizetype i = text[0] == '+' || text[0] == '-' ? 1 : 0; i < text.size(); ++i) {
+        const char16_t ch = text[i].unicode();
+        if (ch >= '0' && ch <= '9') {
+            digits[n++] = static_cast<char>(ch);
+            digit = true;
+        } else if (ch == decimal.unicode() && !mark) {
+            digits[n++] = '.';
+            mark = true;
+        } else {
+            return false;
+        }
+    }
+    double v = 0;
+    const auto [end, error] = std::from_chars(digits, digits + n, v, std::chars_format::fixed);
+    if (!digit || error != std::errc() || end != digits + n) return false;
+    *value = text[0] == '-' ? -v : v;
+    return true;
+}
+
+// The digits of QString::number(value, 'g', 15) for a value from 0.1 on of no more than
+// fifteen digits, which it writes without an exponent: the shortest digits that read back
+// as the value. False for any other value, left to the general writer.
+bool PlainDigits(double value, char (&out)[40], size_t* size) {
+    if (value == 0) {
+        out[0] = '0';
+        *size = 1;
+        return true;
+    }
+    if (!(value >= 0.1 && value < 1e15)) return false;
+    const auto [end, error] = std::to_chars(out, out + sizeof out, value, std::chars_format::fixed);
+    if (error != std::errc()) return false;
+    *size = static_cast<size_t>(end - out);
+    // The digits from the first that is not zero to the last that is not zero, and the place
+    // of the decimal point among them.
+    const std::string_view text(out, *size);
+    const size_t point = std::min(text.find('.'), text.size());
+    const size_t first = text.find_first_not_of("0.");
+    const size_t last = text.find_last_not_of("0.");
+    const size_t count = last - first + 1 - (first < point && point < last ? 1 : 0);
+    const auto before = static_cast<long long>(point) - static_cast<long long>(first);
+    return count <= 15 && before <= static_cast<long long>(count) + 1;
+}
+
+// The written form of a number appended as Latin-1.
+void AppendCsvNumber(QByteArray& out, double value, QChar decimal) {
+    char digits[40];
+    size_t n = 0;
+    if (!PlainDigits(std::fabs(value), digits, &n)) {
+        AppendLatin1(out, CsvNumber(value, decimal));
+        return;
+    }
+    const char mark = decimal.unicode() < 256 ? static_cast<char>(decimal.unicode()) : '?';
+    out += value < 0 ? '-' : ' ';
+    const size_t from = n > 1 && digits[0] == '0' && digits[1] == '.' ? 1 : 0;
+    for (size_t i = from; i < n; ++i) out += digits[i] == '.' ? mark : digits[i];
+    out += ' ';
 }
 
 // Texts that recur from record to record ("FM", "Plus", "Freq", "Y") are kept once and shared
@@ -142,16 +216,25 @@ QString Fixed5(double value, QChar decimal) {
 // names and descriptions.
 class SharedTexts {
   public:
-    QString operator()(const QString& text) {
+    QString operator()(QStringView text) {
         if (text.isEmpty()) return QString();
-        const auto it = texts_.constFind(text);
-        if (it != texts_.cend()) return *it;
-        if (texts_.size() < 4096) texts_.insert(text);
-        return text;
+        const auto it = texts_.find(text);
+        if (it != texts_.end()) return *it;
+        QString made = text.toString();
+        if (texts_.size() < 4096) texts_.insert(made);
+        return made;
     }
 
   private:
-    QSet<QString> texts_;
+    struct Hash {
+        using is_transparent = void;
+        size_t operator()(QStringView text) const { return qHash(text); }
+    };
+    struct Equal {
+        using is_transparent = void;
+        bool operator()(QStringView a, QStringView b) const { return a == b; }
+    };
+    std::unordered_set<QString, Hash, Equal> texts_;
 };
 
 }  // namespace
@@ -208,20 +291,24 @@ QStringList CsvLines(const QByteArray& bytes) {
     return lines;
 }
 
-bool CellNumber(const QString& text, QChar decimal, double* value) {
-    QString t = text.trimmed();
+bool CellNumber(QStringView text, QChar decimal, double* value) {
+    const QStringView t = text.trimmed();
     if (t.isEmpty()) return false;
-    if (decimal != '.') {
-        if (t.contains('.')) return false;
-        t.replace(decimal, '.');
-    }
+    if (decimal != '.' && t.contains(u'.')) return false;
     // Digits, one mark, a sign in front and an exponent behind; nothing else.
     for (QChar ch : t)
-        if (!(ch.isDigit() && ch.unicode() < 128) && !QStringLiteral(".+-eE").contains(ch))
+        if (!(ch.isDigit() && ch.unicode() < 128) && ch != decimal &&
+            !QStringLiteral(".+-eE").contains(ch))
             return false;
-    bool ok = false;
-    const double v = t.toDouble(&ok);
-    if (!ok || !std::isfinite(v)) return false;
+    double v = 0;
+    if (!PlainDecimal(t, decimal, &v)) {
+        QString general = t.toString();
+        general.replace(decimal, '.');
+        bool ok = false;
+        v = general.toDouble(&ok);
+        if (!ok) return false;
+    }
+    if (!std::isfinite(v)) return false;
     *value = v;
     return true;
 }
@@ -242,11 +329,26 @@ QString CsvNumber(double value, QChar decimal) {
 CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
                       const CsvRules& rules) {
     CsvImport in;
-    const QString text = QString::fromLatin1(bytes);
-    const std::vector<QStringView> lines = LineViews(text);
-    if (lines.empty() || !CheckHeaderRecord(lines[0].toString(), delimiter)) return in;
+    // The lines (ended by CR LF, CR or LF; the end of the file ends the last) are read one at a
+    // time into one buffer, as Latin-1.
+    const char* data = bytes.constData();
+    const qsizetype size = bytes.size();
+    qsizetype next = 0;
+    QString line;
+    auto readLine = [&] {
+        if (next >= size) return false;
+        qsizetype end = next;
+        while (end < size && data[end] != '\r' && data[end] != '\n') ++end;
+        line.resize(end - next);
+        std::transform(data + next, data + end, line.begin(),
+                       [](char ch) { return QChar(static_cast<uchar>(ch)); });
+        if (end < size && data[end] == '\r' && end + 1 < size && data[end + 1] == '\n') ++end;
+        next = end + 1;
+        return true;
+    };
+    if (!readLine() || !CheckHeaderRecord(line, delimiter)) return in;
     in.headerValid = true;
-    in.rows.reserve(lines.size() - 1);
+    in.rows.reserve(static_cast<size_t>(bytes.count('\n')));
     SharedTexts shared;
     auto fail = [&](int record, Failure f) {
         in.failedRecord = record;
@@ -255,43 +357,42 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
         in.rows.clear();
         return in;
     };
-    QString blanked;
-    for (size_t i = 1; i < lines.size(); ++i) {
-        const int record = static_cast<int>(i);
+    QString rxField, txField;
+    for (int record = 1; readLine(); ++record) {
         auto report = [&](const QString& message) {
             in.messages.append("Record " + QString::number(record) + message);
         };
-        QStringView line = lines[i];
-        if (line.contains(QLatin1Char('"'))) {
-            blanked = BlankQuotedDelimiters(line.toString(), delimiter);
-            line = blanked;
-        }
+        if (line.contains(QLatin1Char('"')))
+            line = BlankQuotedDelimiters(std::move(line), delimiter);
         const auto views = FieldViews(line, delimiter);
-        const QString f[] = {views[0].toString(), FrequencyField(views[1], delimiter, decimal),
-                             QString(), QString(), FrequencyField(views[4], delimiter, decimal)};
 
         // Field 1 must be a whole number, though the memory's number is its row in the grid. It
         // is read as a 32-bit one, so that a grid of more than 32767 memories reads back its
         // own export.
         double memory = 0, rx = 0, tx = 0.1;
-        if (!CellNumber(f[0], decimal, &memory)) return fail(record, kTypeMismatch);
+        if (!CellNumber(views[0], decimal, &memory)) return fail(record, kTypeMismatch);
         int32_t whole = 0;
         if (!TensOfHertz(memory / 100000, &whole)) return fail(record, kOverflow);
-        if (!CellNumber(f[1], decimal, &rx)) return fail(record, kTypeMismatch);
-        if (!f[4].isEmpty() && !CellNumber(f[4], decimal, &tx)) return fail(record, kTypeMismatch);
-        const QString mode = TrimmedText(views[2]), shift = TrimmedText(views[3]),
-                      txMode = TrimmedText(views[5]), kind = TrimmedText(views[6]),
-                      show = TrimmedText(views[8]);
-        QString tone = TrimmedText(views[7]);
+        if (!CellNumber(FrequencyField(rxField, views[1], delimiter, decimal), decimal, &rx))
+            return fail(record, kTypeMismatch);
+        if (!FrequencyField(txField, views[4], delimiter, decimal).isEmpty() &&
+            !CellNumber(txField, decimal, &tx))
+            return fail(record, kTypeMismatch);
+        // Texts that recur from record to record are shared between the rows' cells.
+        const QString mode = shared(TrimmedText(views[2])), shift = shared(TrimmedText(views[3])),
+                      txMode = shared(TrimmedText(views[5])), kind = shared(TrimmedText(views[6])),
+                      show = shared(TrimmedText(views[8]));
+        QString tone = shared(TrimmedText(views[7]));
         const QString name = FitName(TrimmedText(views[9]));
-        QString scan = TrimmedText(views[10]).toUpper(), group = TrimmedText(views[11]).toUpper();
-        const QString description = TrimmedText(views[12]);
+        QString scan = shared(TrimmedText(views[10])).toUpper(),
+                group = shared(TrimmedText(views[11])).toUpper();
+        const QString description = TrimmedText(views[12]).toString();
 
         if (kind.startsWith("CTC") && tone.isEmpty())
             report(".  CTCSS specified, but tone is missing");
         if ((kind.startsWith("DCS") || kind.startsWith("DEN")) && tone.isEmpty())
             report(".  DCS specified, but code is missing");
-        tone = MendTone(tone, kind);
+        tone = shared(MendTone(tone, kind));
 
         int32_t rxTens = 0, txTens = 0;
         if (!TensOfHertz(rx, &rxTens)) return fail(record, kOverflow);
@@ -308,11 +409,12 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
                 report(". TX mode " + txMode + " is invalid.");
         }
         // The entry the word falls in: the empty one first, then the DCS words, then CTCSS.
-        const int entry = BarListEntry(rules.toneKinds, kind);
+        const qsizetype at = BarListFind(rules.toneKinds, kind);
+        const int entry = BarListEntry(rules.toneKinds, at);
         if (entry < 0) {
             report(". CTCSS or DCS of '" + kind + "' is invalid.");
         } else if (entry > 0) {
-            const bool dcs = rules.toneKinds.section('|', entry + 1, entry + 1).startsWith("D");
+            const bool dcs = rules.toneKinds[at] == 'D';
             if (dcs && !rules.dcsCodes.contains(tone))
                 report(". DCS code of " + tone + " is invalid.");
             if (!dcs && !rules.tones.contains(tone))
@@ -336,7 +438,7 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
                      Fixed5(rx, decimal),
                      mode,
                      shift,
-                     Fixed5(tx, decimal),
+                     shared(Fixed5(tx, decimal)),
                      txMode,
                      kind,
                      tone,
@@ -359,12 +461,13 @@ QString CsvFailureText(const CsvImport& import) {
 
 QByteArray WriteCsvRows(const std::vector<GridRow>& rows, QChar delimiter, QChar decimal,
                         bool filteredOnly, int skipIfEmptyColumn) {
-    QString text;
+    QByteArray text;
     text.reserve(static_cast<qsizetype>(rows.size()) * 96);
+    const QStringView between(&delimiter, 1);
     const auto& headings = ColumnHeadings();
     for (int col = 0; col < GridCols; ++col) {
-        if (col > 0) text += delimiter;
-        text += headings[col];
+        if (col > 0) AppendLatin1(text, between);
+        AppendLatin1(text, headings[col]);
     }
     text += "\r\n";
     for (size_t r = 1; r < rows.size(); ++r) {
@@ -375,18 +478,35 @@ QByteArray WriteCsvRows(const std::vector<GridRow>& rows, QChar delimiter, QChar
         double rx = 0, tx = 0;
         CellNumber(cells[1], decimal, &rx);
         CellNumber(cells[4], decimal, &tx);
-        text += QLatin1Char(' ') + QString::number(r) + QLatin1Char(' ');
-        text += delimiter;
-        text += CsvNumber(rx, decimal);
-        for (int col : {2, 3}) text += delimiter + cells[col];
-        text += delimiter;
-        text += CsvNumber(tx, decimal);
-        for (int col : {5, 6, 7, 8}) text += delimiter + cells[col];
-        text += delimiter + FitName(cells[9]);
-        for (int col : {10, 11, 12}) text += delimiter + cells[col];
+        char number[24];
+        text += ' ';
+        text.append(number, std::to_chars(number, number + sizeof number, r).ptr - number);
+        text += ' ';
+        AppendLatin1(text, between);
+        AppendCsvNumber(text, rx, decimal);
+        for (int col : {2, 3}) {
+            AppendLatin1(text, between);
+            AppendLatin1(text, cells[col]);
+        }
+        AppendLatin1(text, between);
+        AppendCsvNumber(text, tx, decimal);
+        for (int col : {5, 6, 7, 8}) {
+            AppendLatin1(text, between);
+            AppendLatin1(text, cells[col]);
+        }
+        // The name cut, or padded with blanks, to eight characters.
+        const QStringView name =
+            QStringView(cells[9]).first(std::min<qsizetype>(cells[9].size(), 8));
+        AppendLatin1(text, between);
+        AppendLatin1(text, name);
+        text.append(8 - name.size(), ' ');
+        for (int col : {10, 11, 12}) {
+            AppendLatin1(text, between);
+            AppendLatin1(text, cells[col]);
+        }
         text += "\r\n";
     }
-    return text.toLatin1();
+    return text;
 }
 
 }  // namespace veldor

@@ -63,7 +63,7 @@ QString CsvNumber(double value, QChar decimal);
 // A number as the program tells it in a message: "145.5", "0.1".
 QString NumberText(double value, QChar decimal);
 // The number a cell holds, by the locale's mark; false when it holds none.
-bool CellNumber(const QString& text, QChar decimal, double* value);
+bool CellNumber(QStringView text, QChar decimal, double* value);
 
 // Rows written as a file: the header, then rows from 1 on, a row skipped when it is hidden
 // (filteredOnly) or when its cell in skipIfEmptyColumn is empty. Field 1 is the row's number.

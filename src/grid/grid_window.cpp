@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+
 namespace veldor {
 
 namespace {
@@ -256,16 +258,31 @@ bool Unescape(QStringView text, QString* cell) {
 }  // namespace
 
 QByteArray EncodeGrid(const std::vector<GridRow>& rows) {
-    QString text = kGridFileHeader + "\n" + QString::number(rows.size()) + "\n";
+    QByteArray text = kGridFileHeader.toUtf8() + '\n' + QByteArray::number(rows.size()) + '\n';
     text.reserve(static_cast<qsizetype>(rows.size()) * 96);
+    // A cell of plain ASCII goes straight in; any other is escaped and converted to UTF-8.
+    QString escaped;
     for (const GridRow& row : rows) {
         for (int col = 0; col < GridCols; ++col) {
             if (col > 0) text += '\t';
-            Escape(text, row.cells[col]);
+            const QString& cell = row.cells[col];
+            const bool plain = std::all_of(cell.begin(), cell.end(), [](QChar ch) {
+                return ch.unicode() >= ' ' && ch.unicode() < 0x7f && ch != '\\';
+            });
+            if (plain) {
+                const qsizetype at = text.size();
+                text.resize(at + cell.size());
+                std::transform(cell.begin(), cell.end(), text.begin() + at,
+                               [](QChar ch) { return static_cast<char>(ch.unicode()); });
+            } else {
+                escaped.clear();
+                Escape(escaped, cell);
+                text += escaped.toUtf8();
+            }
         }
         text += '\n';
     }
-    return text.toUtf8();
+    return text;
 }
 
 bool DecodeGrid(const QByteArray& bytes, std::vector<GridRow>* rows, QString* reason) {
