@@ -117,9 +117,9 @@ int BarListEntry(const QString& list, qsizetype at) {
 // becomes "023".
 QString MendTone(QString tone, const QString& kind) {
     tone.replace(',', '.');
-    if (kind.startsWith("CTC")) {
+    if (kind.startsWith(QLatin1String("CTC"))) {
         if (tone.size() < 2 || tone[tone.size() - 2] != '.') tone += ".0";
-    } else if (kind.startsWith("DCS") || kind.startsWith("DEN")) {
+    } else if (kind.startsWith(QLatin1String("DCS")) || kind.startsWith(QLatin1String("DEN"))) {
         tone = tone.left(3);
         if (tone.size() == 2) tone.prepend('0');
     }
@@ -348,7 +348,7 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
     };
     if (!readLine() || !CheckHeaderRecord(line, delimiter)) return in;
     in.headerValid = true;
-    in.rows.reserve(static_cast<size_t>(bytes.count('\n')));
+    in.rows.reserve(static_cast<size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1);
     SharedTexts shared;
     auto fail = [&](int record, Failure f) {
         in.failedRecord = record;
@@ -388,9 +388,10 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
                 group = shared(TrimmedText(views[11])).toUpper();
         const QString description = TrimmedText(views[12]).toString();
 
-        if (kind.startsWith("CTC") && tone.isEmpty())
+        if (kind.startsWith(QLatin1String("CTC")) && tone.isEmpty())
             report(".  CTCSS specified, but tone is missing");
-        if ((kind.startsWith("DCS") || kind.startsWith("DEN")) && tone.isEmpty())
+        if ((kind.startsWith(QLatin1String("DCS")) || kind.startsWith(QLatin1String("DEN"))) &&
+            tone.isEmpty())
             report(".  DCS specified, but code is missing");
         tone = shared(MendTone(tone, kind));
 

@@ -10,6 +10,7 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <iterator>
 
 namespace veldor {
 
@@ -264,15 +265,16 @@ QByteArray EncodeGrid(const std::vector<GridRow>& rows) {
     QString escaped;
     for (const GridRow& row : rows) {
         for (int col = 0; col < GridCols; ++col) {
-            if (col > 0) text += '\t';
             const QString& cell = row.cells[col];
             const bool plain = std::all_of(cell.begin(), cell.end(), [](QChar ch) {
                 return ch.unicode() >= ' ' && ch.unicode() < 0x7f && ch != '\\';
             });
+            const qsizetype at = text.size();
+            text.resize(at + (col > 0 ? 1 : 0) + (plain ? cell.size() : 0));
+            char* out = text.data() + at;
+            if (col > 0) *out++ = '\t';
             if (plain) {
-                const qsizetype at = text.size();
-                text.resize(at + cell.size());
-                std::transform(cell.begin(), cell.end(), text.begin() + at,
+                std::transform(cell.begin(), cell.end(), out,
                                [](QChar ch) { return static_cast<char>(ch.unicode()); });
             } else {
                 escaped.clear();
@@ -393,11 +395,16 @@ void mnuAddCSV_Click(Core& c) {
     if (clear == MsgResult::Cancel) return;
     MemoryGrid& g = c.frmCsvMem.grdMemories;
     if (clear == MsgResult::Yes) g.rows.resize(1);
-    g.rows.reserve(g.rows.size() + in.rows.size());
-    for (GridRow& row : in.rows) {
-        row.cells[0] = QString::number(g.Rows());
-        g.rows.push_back(std::move(row));
+    // Rows read into an empty grid are taken over where they lie, below the heading row.
+    const size_t first = g.rows.size();
+    if (first == 1) {
+        in.rows.insert(in.rows.begin(), std::move(g.rows[0]));
+        g.rows = std::move(in.rows);
+    } else {
+        g.rows.reserve(g.rows.size() + in.rows.size());
+        std::move(in.rows.begin(), in.rows.end(), std::back_inserter(g.rows));
     }
+    for (size_t r = first; r < g.rows.size(); ++r) g.rows[r].cells[0] = QString::number(r);
     g.Row = std::min(1, g.Rows() - 1);
     g.Col = 1;
     mnuClearFilters_Click(c);
