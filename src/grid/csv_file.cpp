@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace veldor {
@@ -101,10 +102,6 @@ qsizetype BarListFind(const QString& list, QStringView word) {
          at = list.indexOf(word, at + 1))
         if (list[at - 1] == '|' && list[at + word.size()] == '|') return at;
     return -1;
-}
-
-bool InBarList(const QString& list, QStringView word) {
-    return BarListFind(list, word) >= 0;
 }
 
 // Which entry of a bar list the word's place falls in: 0 the first, and so on; -1 none.
@@ -211,6 +208,15 @@ void AppendCsvNumber(QByteArray& out, double value, QChar decimal) {
     out += ' ';
 }
 
+struct TextHash {
+    using is_transparent = void;
+    size_t operator()(QStringView text) const { return qHash(text); }
+};
+struct TextEqual {
+    using is_transparent = void;
+    bool operator()(QStringView a, QStringView b) const { return a == b; }
+};
+
 // Texts that recur from record to record ("FM", "Plus", "Freq", "Y") are kept once and shared
 // by every cell that holds them, so that a long grid holds little more than its frequencies,
 // names and descriptions.
@@ -226,15 +232,24 @@ class SharedTexts {
     }
 
   private:
-    struct Hash {
-        using is_transparent = void;
-        size_t operator()(QStringView text) const { return qHash(text); }
-    };
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(QStringView a, QStringView b) const { return a == b; }
-    };
-    std::unordered_set<QString, Hash, Equal> texts_;
+    std::unordered_set<QString, TextHash, TextEqual> texts_;
+};
+
+// Where the words of records fall in a bar list, looked for once for each word.
+class BarListPlaces {
+  public:
+    explicit BarListPlaces(const QString& list) : list_(list) {}
+    qsizetype operator()(const QString& word) {
+        const auto it = places_.find(word);
+        if (it != places_.end()) return it->second;
+        const qsizetype at = BarListFind(list_, word);
+        if (places_.size() < 4096) places_.emplace(word, at);
+        return at;
+    }
+
+  private:
+    const QString& list_;
+    std::unordered_map<QString, qsizetype, TextHash, TextEqual> places_;
 };
 
 }  // namespace
@@ -350,6 +365,7 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
     in.headerValid = true;
     in.rows.reserve(static_cast<size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1);
     SharedTexts shared;
+    BarListPlaces modes(ModeNames), shifts(ShiftWords), kinds(rules.toneKinds);
     auto fail = [&](int record, Failure f) {
         in.failedRecord = record;
         in.errorNumber = f.number;
@@ -400,17 +416,16 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
         if (!InRigRanges(rules.rigType, rxTens))
             report(". RX frequency of" + NumberText(rx, decimal) +
                    " is outside the range of the rig");
-        if (!InBarList(ModeNames, mode.toUpper())) report(". RX mode " + mode + " is invalid.");
-        if (!InBarList(ShiftWords, shift.toUpper())) report(". Shift of " + shift + " is invalid.");
+        if (modes(mode.toUpper()) < 0) report(". RX mode " + mode + " is invalid.");
+        if (shifts(shift.toUpper()) < 0) report(". Shift of " + shift + " is invalid.");
         if (shift.toUpper() == "SPLIT") {
             if (!TensOfHertz(tx, &txTens)) return fail(record, kOverflow);
             if (!InRigRanges(rules.rigType, txTens))
                 report(". TX frequency is outside the range of the rig");
-            if (!InBarList(ModeNames, txMode.toUpper()))
-                report(". TX mode " + txMode + " is invalid.");
+            if (modes(txMode.toUpper()) < 0) report(". TX mode " + txMode + " is invalid.");
         }
         // The entry the word falls in: the empty one first, then the DCS words, then CTCSS.
-        const qsizetype at = BarListFind(rules.toneKinds, kind);
+        const qsizetype at = kinds(kind);
         const int entry = BarListEntry(rules.toneKinds, at);
         if (entry < 0) {
             report(". CTCSS or DCS of '" + kind + "' is invalid.");
