@@ -4,14 +4,18 @@
 #include "ui/application.h"
 #include "ui/main_window.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -22,18 +26,33 @@
 
 namespace {
 
-// Runs fn on the modal dialog named as soon as it shows.
+// Runs fn on the window named as soon as it shows.
 void WhenShown(const QString& name, std::function<void(QWidget*)> fn) {
     auto poll = std::make_shared<std::function<void()>>();
     *poll = [name, fn, poll] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (w && w->objectName() == name && w->isVisible()) {
-            fn(w);
-            return;
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (w->objectName() == name && w->isVisible()) {
+                fn(w);
+                return;
+            }
         }
         QTimer::singleShot(20, *poll);
     };
     QTimer::singleShot(20, *poll);
+}
+
+// The focusable controls on show in a window that a screen reader could not name.
+QStringList Unnamed(QWidget* window) {
+    QStringList unnamed;
+    for (QWidget* w : window->findChildren<QWidget*>()) {
+        if (!w->isVisible() || !(w->focusPolicy() & Qt::TabFocus)) continue;
+        // The line edit inside a list box is named through its box.
+        if (qobject_cast<QComboBox*>(w->parentWidget())) continue;
+        QAccessibleInterface* a = QAccessible::queryAccessibleInterface(w);
+        if (!a || a->text(QAccessible::Name).trimmed().isEmpty())
+            unnamed << w->objectName() + " (" + w->metaObject()->className() + ")";
+    }
+    return unnamed;
 }
 
 void ChooseItem(QComboBox* box, const QString& text) {
@@ -66,6 +85,7 @@ TEST(NewOperator, ChoosesRigAndPortInTheDialogAndTheLinkComesUp) {
             auto* port = d->findChild<QComboBox*>("cboCommPort");
             port->lineEdit()->clear();
             QTest::keyClicks(port->lineEdit(), link);
+            EXPECT_EQ(Unnamed(d).join(", ").toStdString(), "");
             const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
             if (!shots.isEmpty()) d->grab().save(shots + "/settings.png");
             QTest::mouseClick(d->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
@@ -80,6 +100,7 @@ TEST(NewOperator, ChoosesRigAndPortInTheDialogAndTheLinkComesUp) {
         auto* onOff = app.window().findChild<QCheckBox*>("chkOnOff");
         QTest::mouseClick(onOff, Qt::LeftButton, {}, QPoint(8, onOff->height() / 2));
         EXPECT_TRUE(veldor::test::WaitForRigsim(state, "catOn", "1"));
+        EXPECT_EQ(Unnamed(&app.window()).join(", ").toStdString(), "");
         app.closeForSignal();
     }
     // Kept for the next start.
@@ -126,6 +147,53 @@ TEST(MenuKeys, ReachTheirItems) {
     EXPECT_NE(app.core().f.mnuShowLargeGoTo.checked, large);
     QTest::keyClick(&window, Qt::Key_F7);
     EXPECT_EQ(app.core().f.mnuShowLargeGoTo.checked, large);
+    app.closeForSignal();
+}
+
+// The about box from the Help menu, and the log on the real clipboard.
+TEST(HelpAndMessages, AboutTellsTheVersionAndTheLogGoesToTheClipboard) {
+    QTemporaryDir dir;
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    QDir().mkpath(dir.path() + "/VELDOR");
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=" + dir.path() + "\n").toUtf8());
+    ini.close();
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
+    QString version;
+    WhenShown("frmAbout", [&](QWidget* d) {
+        version = d->findChild<QLabel*>("lblVersion")->text();
+        EXPECT_EQ(d->windowTitle(), "About VELDOR");
+        if (!shots.isEmpty()) d->grab().save(shots + "/about.png");
+        QTest::mouseClick(d->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    app.window().findChild<QAction*>("mnuAbout")->trigger();
+    EXPECT_TRUE(version.startsWith("Version ")) << version.toStdString();
+
+    veldor::ReportMessage(app.core(), "COM Port 3: Permission denied");
+    app.window().render();
+    QWidget* log = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->objectName() == "frmErrorList") log = w;
+    ASSERT_NE(log, nullptr);
+    EXPECT_TRUE(log->isVisible());
+    EXPECT_EQ(Unnamed(log).join(", ").toStdString(), "");
+    QTest::mouseClick(log->findChild<QPushButton*>("cmdCopyToClipboard"), Qt::LeftButton);
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(copied.startsWith("COM Port 3: Permission denied\r\n"));
+    const QStringList lines = copied.split("\r\n", Qt::SkipEmptyParts);
+    EXPECT_TRUE(lines.last().startsWith("Copied to Clipboard ")) << copied.toStdString();
+    EXPECT_TRUE(lines.last().endsWith("VELDOR  " + version.mid(8).prepend("V")));
+    if (!shots.isEmpty()) log->grab().save(shots + "/messages.png");
+    // Closed by hand, it opens again with the next line alone.
+    QTest::mouseClick(log->findChild<QPushButton*>("cmdClose"), Qt::LeftButton);
+    EXPECT_FALSE(log->isVisible());
+    veldor::ReportMessage(app.core(), "next");
+    app.window().render();
+    EXPECT_TRUE(log->isVisible());
+    EXPECT_EQ(log->findChild<QPlainTextEdit*>("txtErrors")->toPlainText(), "next\n");
     app.closeForSignal();
 }
 
