@@ -1,6 +1,7 @@
 #include "cycle/shell_menus.h"
 
 #include "cycle/start_stop.h"
+#include "grid/grid.h"
 #include "shell/about.h"
 
 namespace veldor {
@@ -39,11 +40,20 @@ void OpenConvert(Core& c) {
 }
 
 void mnuResetMemoryGridPosition_Click(Core& c) {
+    // An open grid window is closed first, keeping its rows, and opened again at the new place.
+    const bool shown = c.p.windows->shown(FormId::frmCsvMem);
+    if (shown) c.p.windows->close(FormId::frmCsvMem);
     const QString& app = c.s.AppName;
     SaveSetting(c, app, "Settings", "MemoryTop", "0");
     SaveSetting(c, app, "Settings", "MemoryLeft", "0");
     SaveSetting(c, app, "Settings", "MemoryHeight", "6000");
     SaveSetting(c, app, "Settings", "MemoryWidth", "10000");
+    FrmCsvMem& grid = c.frmCsvMem;
+    grid.top = 0;
+    grid.left = 0;
+    grid.height = 6000;
+    grid.width = 10000;
+    if (shown) ShowGridWindow(c);
 }
 
 void mnuHelp_Click(Core& c) {

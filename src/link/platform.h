@@ -115,6 +115,9 @@ class Dialogs {
     virtual void notice(const QString& text, const QString& title) {
         messageBox(text, title, MsgButtons::OK, MsgIcon::Information);
     }
+    // The open dialog, with the same filter; empty on cancel. The file need not exist.
+    virtual QString openFileName(const QString& title, const QString& folder, const QString& filter,
+                                 int filterIndex) = 0;
 };
 
 // Folders and system facts the program asks about.
@@ -144,6 +147,18 @@ class System {
     }
     // Empties the clipboard and puts the text on it.
     virtual void setClipboardText(const QString& text) { (void)text; }
+};
+
+// The system's default printer, used as a line printer: plain lines of fixed-pitch text.
+class Printer {
+  public:
+    virtual ~Printer() = default;
+    // Whether the system has a printer at all.
+    virtual bool available() = 0;
+    // The font of the documents to come; false when it cannot be had.
+    virtual bool setFont(const QString& family, int points) = 0;
+    // The lines as one document, ended and sent; false, with the reason, when it could not be.
+    virtual bool print(const QStringList& lines, QString* reason) = 0;
 };
 
 // Starts other programs and does not wait for them.

@@ -22,6 +22,8 @@ class QtDialogs : public Dialogs {
     // A box that stays on screen until closed, taking neither the keyboard nor the window's
     // activation.
     void notice(const QString& text, const QString& title) override;
+    QString openFileName(const QString& title, const QString& folder, const QString& filter,
+                         int filterIndex) override;
 };
 
 class QtSystem : public System {

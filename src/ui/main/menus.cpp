@@ -3,6 +3,7 @@
 #include "cycle/poll_cycle.h"
 #include "cycle/shell_menus.h"
 #include "cycle/start_stop.h"
+#include "grid/grid.h"
 #include "memories/banks.h"
 #include "memories/memory_tag.h"
 #include "protocol/model_controls.h"
@@ -88,12 +89,13 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
 
     Items(kit, Menu(bar, "mnuView", "&View"),
           {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
-    Items(kit, Menu(bar, "mnuEdit", "&Edit"), {{"mnuAddToGrid", &f.mnuAddToGrid, {}, Qt::Key_F4}});
-    // The conversion window and the memory grid are not built yet: their handlers,
-    // mnuConvert_Click and mnuResetMemoryGridPosition_Click, join with them.
+    Items(kit, Menu(bar, "mnuEdit", "&Edit"),
+          {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
+    // The conversion window is not built yet: mnuConvert_Click joins with it.
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
           {{"mnuConvert", &f.mnuConvert, {}},
-           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});
+           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition,
+            mnuResetMemoryGridPosition_Click}});
 
     QMenu* options = Menu(bar, "mnuOptionsMenu", "&Options");
     Items(kit, options,
