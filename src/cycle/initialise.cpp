@@ -16,14 +16,6 @@ namespace veldor {
 
 namespace {
 
-// A stored boolean: the platform's "True" and "False", or a number (non-zero is true).
-bool BooleanText(const QString& text) {
-    const QString t = text.trimmed();
-    if (t.compare("True", Qt::CaseInsensitive) == 0) return true;
-    if (t.compare("False", Qt::CaseInsensitive) == 0) return false;
-    return basic::Val(t) != 0;
-}
-
 int NumberSetting(Core& c, const QString& key, const QString& defaultValue) {
     return basic::CLng(basic::Val(GetSetting(c, c.s.AppName, "Settings", key, defaultValue)));
 }
@@ -33,7 +25,7 @@ QString TextSetting(Core& c, const QString& key, const QString& defaultValue) {
 }
 
 bool BoolSetting(Core& c, const QString& key, bool defaultValue) {
-    return BooleanText(TextSetting(c, key, defaultValue ? "True" : "False"));
+    return basic::BooleanText(TextSetting(c, key, defaultValue ? "True" : "False"));
 }
 
 void SetLocaleConstants(State& s, QChar systemMark) {

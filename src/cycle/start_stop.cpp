@@ -1,5 +1,7 @@
 #include "cycle/start_stop.h"
 
+#include <QDir>
+
 #include "basic/basic.h"
 #include "grid/grid.h"
 #include "link/catalogue.h"
@@ -7,6 +9,8 @@
 #include "memories/scan_ranges.h"
 #include "protocol/read_frequency.h"
 #include "shell/customise.h"
+#include "shell/screen_size.h"
+#include "shell/settings_dialog.h"
 #include "tuning/go_to.h"
 
 namespace veldor {
@@ -29,7 +33,11 @@ void SaveSettingsKey(Core& c, const QString& key, const QString& value) {
 
 void Form_Load(Core& c, const QString& commandLine) {
     State& s = c.s;
-    s.HelpFile = c.p.system->programFolder() + "/VELDOR.chm";
+    // The manual stands beside the program in the build, and under share/doc when installed.
+    const QString folder = c.p.system->programFolder();
+    s.HelpFile = c.p.system->directoryExists(folder + "/manual")
+                     ? folder + "/manual/index.html"
+                     : QDir::cleanPath(folder + "/../share/doc/veldor/manual/index.html");
     // One installation, several independent configurations: "/CONFIG=name" selects a store.
     s.AppName = "VELDOR";
     s.ConfigName.clear();
@@ -47,6 +55,7 @@ void Form_Load(Core& c, const QString& commandLine) {
                            .arg(VELDOR_VERSION_REVISION);
     c.f.caption = s.ProgramVersion + " " + s.AppName + " ";
     if (configGiven) c.f.caption += "  " + s.ConfigName;
+    if (!SetScreenSize(c)) return;
     CustomiseForms(c);
 
     // Placement: a position stored on a larger screen, or a negative one, starts at 0, 0.
@@ -199,9 +208,10 @@ void SaveCurrentValues(Core& c, const QString& frequency, const QString& mode) {
 void Form_DblClick(Core& c) {
     if (LongJobRunning(c.s)) return;
     c.s.SettingsRequested = false;
-    c.p.tmrPollInterval->setEnabled(false);
+    frmSettings_Load(c);
     c.p.windows->show(FormId::frmSettings, true);
-    if (c.s.RigType != RigNotSet && c.f.chkOnOff.value == 1) c.p.tmrPollInterval->setEnabled(true);
+    // The dialog has closed: the main window takes the size it was given.
+    if (c.s.ScreenSizeChanged) SetScreenSize(c);
 }
 
 void Form_Unload(Core& c) {

@@ -10,6 +10,7 @@
 #include "accessories/timed_events.h"
 #include "accessories/xband_repeat.h"
 #include "cycle/poll_cycle.h"
+#include "cycle/shell_menus.h"
 #include "cycle/start_stop.h"
 #include "grid/grid.h"
 #include "link/catalogue.h"
@@ -74,6 +75,7 @@ constexpr PendingAction kPendingActions[] = {
     {&State::PendingMetersPanel, ToggleMetersPanel},
     {&State::PendingDspPanel, ToggleDspPanel},
     {&State::GoToPending, ApplyGoTo},
+    {&State::PendingConvert, OpenConvert},
     {&State::PendingFT920Tuner, ToggleFt920Tuner},
     {&State::PendingFT920StartTune, StartFt920Tune},
     {&State::PttOffPending, PttOff},

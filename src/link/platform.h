@@ -111,6 +111,10 @@ class Dialogs {
     // existing file: the program asks its own question.
     virtual QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                                  int filterIndex) = 0;
+    // A message that needs no answer and holds nothing up; a box by default.
+    virtual void notice(const QString& text, const QString& title) {
+        messageBox(text, title, MsgButtons::OK, MsgIcon::Information);
+    }
     // The open dialog, with the same filter; empty on cancel. The file need not exist.
     virtual QString openFileName(const QString& title, const QString& folder, const QString& filter,
                                  int filterIndex) = 0;
@@ -131,6 +135,18 @@ class System {
     virtual void abortProcess() = 0;
     // The system's warning sound: a change refused without a word.
     virtual void beep() {}
+    // The serial ports the system has, each by its stable name with the description the
+    // system gives of it ("" where it gives none).
+    virtual QList<QPair<QString, QString>> serialPorts() { return {}; }
+    // Logical pixels per inch of the screen: 96 for small fonts.
+    virtual int logicalDpi() { return 96; }
+    // Opens a document or web address with the desktop's own handler; false when none could.
+    virtual bool openDocument(const QString& pathOrAddress) {
+        (void)pathOrAddress;
+        return false;
+    }
+    // Empties the clipboard and puts the text on it.
+    virtual void setClipboardText(const QString& text) { (void)text; }
 };
 
 // The system's default printer, used as a line printer: plain lines of fixed-pitch text.

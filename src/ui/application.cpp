@@ -2,6 +2,7 @@
 
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
+#include "ui/about_dialog.h"
 #include "ui/dsp_panel.h"
 #include "ui/grid_window.h"
 #include "ui/main_window.h"
@@ -9,10 +10,10 @@
 #include "ui/record_window.h"
 #include "ui/scanner_dialog.h"
 #include "ui/set_memory_dialog.h"
+#include "ui/settings_dialog.h"
 #include "ui/xband_window.h"
 
 #include <QCoreApplication>
-#include <QMessageBox>
 
 namespace veldor {
 
@@ -46,14 +47,9 @@ Application::Application()
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     // Whatever the core has reached shows before the events of a pause run.
     pump_.beforeEvents = [this] { views_.renderAll(); };
-    // Until the settings dialog is built, the operator is told where the settings are kept.
-    windows_.add(FormId::frmSettings, [this] {
-        auto* box = new QMessageBox(
-            QMessageBox::Information, "Settings",
-            "Settings are kept in\n" + IniStore::defaultFolder() + "/" + c_.s.AppName + ".ini",
-            QMessageBox::Ok, window_.get());
-        return box;
-    });
+    windows_.add(FormId::frmSettings,
+                 [this] { return new SettingsDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmAbout, [this] { return new AboutDialog(c_, views_, window_.get()); });
     windows_.add(FormId::frmRecord, [this] { return new RecordWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frmXBandRepeat,
                  [this] { return new XBandWindow(c_, views_, window_.get()); });

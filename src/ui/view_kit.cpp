@@ -407,6 +407,36 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
     return box;
 }
 
+QComboBox* ViewKit::editableCombo(QWidget* parent, const QString& name, ComboBox& model) {
+    auto* box = new QComboBox(parent);
+    box->setObjectName(name);
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    // A chosen item and a typed text both go to the control: the item's index, or the text.
+    QObject::connect(box, &QComboBox::currentTextChanged, box, [this, &model](const QString& text) {
+        if (rendering_) return;
+        model.listIndex = model.list.indexOf(text);
+        model.text = model.listIndex < 0 ? text : QString();
+    });
+    auto shown = std::make_shared<QStringList>();
+    onRender([box, &model, shown] {
+        if (*shown != model.list) {
+            *shown = model.list;
+            box->clear();
+            box->addItems(model.list);
+        }
+        if (box->currentText() != ComboText(model)) {
+            if (model.listIndex >= 0)
+                box->setCurrentIndex(model.listIndex);
+            else
+                box->setEditText(model.text);
+        }
+        ShowControl(box, model);
+        SetAccessibleValue(box, model.toolTip);
+    });
+    return box;
+}
+
 QSlider* ViewKit::slider(QWidget* parent, const QString& name, Slider& model, Handler onChange) {
     auto* s = new QSlider(Qt::Horizontal, parent);
     s->setObjectName(name);

@@ -1,5 +1,6 @@
 // The real serial port: settings texts, port names, failures with the system's reason, and
 // bytes through a pseudo-terminal.
+#include "platform/serial_ports.h"
 #include "platform/serial_settings.h"
 #include "platform/system_serial_port.h"
 #include "support/fakes.h"
@@ -11,6 +12,7 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
@@ -56,6 +58,40 @@ TEST(PortNames, ANumberIsTheSystemsNthPort) {
     EXPECT_EQ(SystemPortName("/dev/ttyUSB0"), "/dev/ttyUSB0");
     EXPECT_EQ(SystemPortName("SIM"), "SIM");
     EXPECT_EQ(SystemPortName("0"), "0");
+}
+
+// The system's ports by their stable names, described as the USB device above each reports it.
+TEST(PortNames, TheSystemsPortsAreListedByIdWithTheirDescription) {
+    QTemporaryDir root;
+    const QString dev = root.path() + "/dev", sys = root.path() + "/sys";
+    QDir().mkpath(dev + "/serial/by-id");
+    const QString usb = sys + "/devices/usb1/1-2";
+    QDir().mkpath(usb + "/1-2:1.0/ttyUSB0");
+    QDir().mkpath(sys + "/devices/pci0/ttyACM0");
+    QDir().mkpath(sys + "/class/tty");
+    auto write = [](const QString& path, const QByteArray& text) {
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(text);
+    };
+    write(usb + "/product", "FT232R USB UART\n");
+    write(usb + "/manufacturer", "FTDI\n");
+    write(sys + "/devices/pci0/interface", "CDC ACM\n");
+    QFile::link(usb + "/1-2:1.0/ttyUSB0", sys + "/class/tty/ttyUSB0");
+    QFile::link(usb + "/1-2:1.0/ttyUSB0", usb + "/1-2:1.0/ttyUSB0/device");
+    QFile::link(sys + "/devices/pci0/ttyACM0", sys + "/class/tty/ttyACM0");
+    QFile::link(sys + "/devices/pci0", sys + "/devices/pci0/ttyACM0/device");
+    QFile::link("../../ttyUSB0", dev + "/serial/by-id/usb-FTDI_FT232R-if00-port0");
+    QFile::link("../../ttyACM0", dev + "/serial/by-id/usb-Yaesu_CAT-if00");
+    QFile::link("../../ttyUSB9", dev + "/serial/by-id/usb-gone-if00");  // unplugged
+
+    const auto ports = SystemSerialPorts(dev, sys);
+    ASSERT_EQ(ports.size(), 3);
+    EXPECT_EQ(ports[0].first, dev + "/serial/by-id/usb-FTDI_FT232R-if00-port0");
+    EXPECT_EQ(ports[0].second, "FT232R USB UART (FTDI) on ttyUSB0");
+    EXPECT_EQ(ports[1].second, "CDC ACM on ttyACM0");
+    EXPECT_EQ(ports[2].second, "ttyUSB9");
+    EXPECT_TRUE(SystemSerialPorts(root.path() + "/none", sys).isEmpty());
 }
 
 TEST(PortNames, ALinkNamesTheDeviceItLeadsTo) {

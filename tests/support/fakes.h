@@ -150,8 +150,19 @@ class FakeSystem : public System {
     void endProcess() override { ended = true; }
     void abortProcess() override { aborted = true; }
     void beep() override { ++beeps; }
+    QList<QPair<QString, QString>> serialPorts() override { return ports; }
+    int logicalDpi() override { return dpi; }
+    bool openDocument(const QString& pathOrAddress) override {
+        opened.push_back(pathOrAddress);
+        return true;
+    }
+    void setClipboardText(const QString& text) override { clipboard = text; }
     bool aborted = false;
     int beeps = 0;
+    QList<QPair<QString, QString>> ports;
+    int dpi = 96;
+    std::vector<QString> opened;
+    QString clipboard;
 };
 
 // The other windows: what was shown and closed. A modal window runs the test's operator (the

@@ -1,6 +1,7 @@
 #include "ui/main/menus.h"
 
 #include "cycle/poll_cycle.h"
+#include "cycle/shell_menus.h"
 #include "cycle/start_stop.h"
 #include "grid/grid.h"
 #include "memories/banks.h"
@@ -90,13 +91,15 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
           {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
     Items(kit, Menu(bar, "mnuEdit", "&Edit"),
           {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
+    // The conversion window is not built yet: mnuConvert_Click joins with it.
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
           {{"mnuConvert", &f.mnuConvert, {}},
-           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});
+           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition,
+            mnuResetMemoryGridPosition_Click}});
 
     QMenu* options = Menu(bar, "mnuOptionsMenu", "&Options");
     Items(kit, options,
-          {{"mnuSettings", &f.mnuSettings, Form_DblClick},
+          {{"mnuSettings", &f.mnuSettings, mnuSettings_Click},
            {"mnuFT817AGCmonitor", &f.mnuFT817AGCmonitor, mnuFT817AGCmonitor_Click, {}, true},
            {"mnuRaiseDTR", &f.mnuRaiseDTR, mnuRaiseDTR_Click, {}, true},
            {"mnuRaiseRTS", &f.mnuRaiseRTS, mnuRaiseRTS_Click, {}, true},
@@ -179,7 +182,8 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
            {"mnuResume", &f.mnuResume, {}, QKeySequence(Qt::CTRL | Qt::Key_R)}});
 
     Items(kit, Menu(bar, "mnuHelpTitle", "Help"),
-          {{"mnuHelp", &f.mnuHelp, {}, Qt::Key_F1}, {"mnuAbout", &f.mnuAbout, {}}});
+          {{"mnuHelp", &f.mnuHelp, mnuHelp_Click, Qt::Key_F1},
+           {"mnuAbout", &f.mnuAbout, mnuAbout_Click}});
 }
 
 }  // namespace veldor
