@@ -2,6 +2,7 @@
 // the real clock, beside the bound of the tick, the program's pauses and the wire; and the
 // processor time the program takes meanwhile.
 #include "bench_station.h"
+#include "scan/range_choice.h"
 #include "scan/scan_engine.h"
 #include "scan/spectrum.h"
 

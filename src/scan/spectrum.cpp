@@ -189,7 +189,7 @@ void picSpectrum_MouseDown(Core& c, int button, int shift, double x) {
     s.SpectrumMouseHeld = true;
     s.SpectrumMouseDown = true;
     s.SpectrumShift = shift;
-    if (button != RightButton) {
+    if (button != SpectrumRight) {
         s.SpectrumFineDrag = false;
         s.SpectrumCoarseLastX = x;
         if (s.SpectrumRunning) {
@@ -235,7 +235,7 @@ void picSpectrum_MouseMove(Core& c, int button, int shift, double x) {
                 FormatFrequency(c, FrequencyAtX(x, s.SpectrumStepSize, s.SpectrumStartFrequency));
         } else if (s.SpectrumMouseDown) {
             // The idle picture is a tuning pad on the tuning step.
-            const bool fine = button == RightButton;
+            const bool fine = button == SpectrumRight;
             double& lastX = fine ? s.SpectrumFineLastX : s.SpectrumCoarseLastX;
             const int32_t change = fine ? (ctrl ? s.TuningStep / 2 : s.TuningStep / 5)
                                         : (ctrl ? 4 * s.TuningStep : s.TuningStep);

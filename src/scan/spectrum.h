@@ -6,9 +6,9 @@
 
 namespace veldor {
 
-// Mouse buttons as the handlers know them.
-inline constexpr int LeftButton = 1;
-inline constexpr int RightButton = 2;
+// Mouse buttons as the handlers know them: 1 left, 2 right.
+inline constexpr int SpectrumLeft = 1;
+inline constexpr int SpectrumRight = 2;
 // The Shift argument's Ctrl bit.
 inline constexpr int CtrlMask = 2;
 

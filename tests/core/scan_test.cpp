@@ -2,6 +2,7 @@
 // carriers at 14.074 MHz (S9+) and 145.575 MHz (FM, no tone), nothing at 14.100 to 14.110.
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
+#include "scan/range_choice.h"
 #include "scan/scan_engine.h"
 #include "scan/spectrum.h"
 #include "sharing/rigctl_session.h"
@@ -38,6 +39,20 @@ struct Scanner : OnAir {
         tick();
         return rig().state().frequencyHz;
     }
+    // Virtual milliseconds from now to the end of the tick that moves the rig, or -1 if it
+    // stays for the ticks.
+    int msUntilMove(int ticks) {
+        const uint32_t from = clock.now;
+        const int64_t hz = rig().state().frequencyHz;
+        for (int i = 0; i < ticks; ++i) {
+            const uint32_t before = clock.now;
+            const bool moved = step() != hz;
+            tickMs = std::max(tickMs, int(clock.now - before));
+            if (moved) return int(clock.now - from);
+        }
+        return -1;
+    }
+    int tickMs = 0;  // the longest tick seen, with the quarter second between ticks
     std::vector<int64_t> steps(int n) {
         std::vector<int64_t> hz;
         for (int i = 0; i < n; ++i) hz.push_back(step());
@@ -100,17 +115,20 @@ TEST(RangeScan, StopsOnABusyChannelForTheHangDelay) {
         Scanner sc;
         sc.range("14.060", "14.090", "5.0");
         sc.start(Busy, 2, onLoss);
-        sc.steps(4);
-        EXPECT_EQ(sc.rig().state().frequencyHz, 14'075'000);
+        EXPECT_EQ(sc.steps(3).back(), 14'075'000);
         EXPECT_EQ(sc.caption(), "Resume");
-        const Hz later = sc.steps(12);  // three seconds
+        const int held = sc.msUntilMove(40);
         if (onLoss) {
-            EXPECT_EQ(later.back(), 14'075'000);
+            EXPECT_EQ(held, -1);
             EXPECT_TRUE(sc.c.s.ScanPaused);
-        } else {
-            EXPECT_NE(std::find(later.begin(), later.end(), 14'090'000), later.end());
-            EXPECT_EQ(later.back(), 14'075'000);  // round again and held once more
+            continue;
         }
+        EXPECT_GT(held, 2000);
+        EXPECT_LE(held, 2000 + sc.tickMs);
+        EXPECT_EQ(sc.caption(), "Stop");
+        EXPECT_EQ(sc.steps(6),
+                  (Hz{14'085'000, 14'090'000, 14'060'000, 14'065'000, 14'070'000, 14'075'000}));
+        EXPECT_EQ(sc.caption(), "Resume");
     }
 }
 
@@ -118,13 +136,13 @@ TEST(RangeScan, StopsOnAFreeChannelUntilItHasBeenBusyForTheWholeDelay) {
     Scanner sc;
     sc.range("14.070", "14.080", "5.0");
     sc.start(Free, 2);
-    EXPECT_EQ(sc.steps(3).back(), 14'080'000);  // 14.075 is busy: passed
+    EXPECT_EQ(sc.steps(2), (Hz{14'075'000, 14'080'000}));  // 14.075 is busy: passed
     EXPECT_EQ(sc.caption(), "Resume");
-    sc.steps(12);
-    EXPECT_EQ(sc.rig().state().frequencyHz, 14'080'000);
+    EXPECT_EQ(sc.msUntilMove(20), -1);
     sc.rig().state().sMeter = 5;  // the channel comes alive
-    EXPECT_EQ(sc.steps(8).back(), 14'080'000);
-    EXPECT_NE(sc.steps(4).back(), 14'080'000);  // past two seconds
+    const int busy = sc.msUntilMove(40);
+    EXPECT_GT(busy, 2000);
+    EXPECT_LE(busy, 2000 + sc.tickMs);
     EXPECT_EQ(sc.caption(), "Stop");
 }
 
@@ -143,11 +161,12 @@ TEST(RangeScan, APermanentHangWaitsForResumeAndFmSettlesAfterIt) {
     EXPECT_EQ(sc.caption(), "Resume");
     mnuResume_Click(sc.c);
     EXPECT_EQ(sc.caption(), "Stop");
-    const uint32_t before = sc.clock.now + 250;
+    uint32_t before = sc.clock.now;
     EXPECT_EQ(sc.step(), 145'587'500);
-    EXPECT_GE(sc.clock.now - before, 500u);  // the half second of FM
-    EXPECT_GT(sc.step(), 0);
-    EXPECT_LT(sc.clock.now - before, 1000u + 250u);  // and only once
+    const uint32_t resumed = sc.clock.now - before;
+    before = sc.clock.now;
+    EXPECT_EQ(sc.step(), 145'600'000);
+    EXPECT_GE(resumed, sc.clock.now - before + 500);  // the half second of FM, once
 }
 
 TEST(RangeScan, EndsWhenTheRigTransmitsAndHoldsOnHold) {

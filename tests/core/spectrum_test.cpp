@@ -1,6 +1,7 @@
 // The spectrum sweep: the picture's arithmetic at its edges, and sweeps on virtual time
 // against the simulated FT-817, whose band has an S9+ carrier at 14.074 MHz.
 #include "scan/spectrum.h"
+#include "link/catalogue.h"
 #include "scan/spectrum_math.h"
 #include "support/fakes.h"
 
@@ -88,27 +89,32 @@ TEST(SpectrumSweep, PointsSitOnTheStepGridAndTheSweepWrapsToTheUnroundedStart) {
     EXPECT_EQ(sw.c.s.SpectrumStepSize, 100);
     EXPECT_EQ(sw.c.s.SpectrumWidth, 500);
     EXPECT_EQ(sw.c.s.SpectrumPoints, 5);
+    // The strokes as the view takes them, after each tick.
+    auto strokes = sw.strokes();
     std::vector<int64_t> hz{sw.rig().state().frequencyHz};
-    for (int i = 0; i < 12; ++i) hz.push_back(sw.point());
+    for (int i = 0; i < 12; ++i) {
+        hz.push_back(sw.point());
+        for (const PictureBox::Stroke& s : sw.strokes()) strokes.push_back(s);
+    }
     EXPECT_EQ(hz, (std::vector<int64_t>{14072000, 14073000, 14074000, 14075000, 14076000, 14077000,
                                         14072000, 14073000, 14074000, 14075000, 14076000, 14077000,
                                         14072000}));
     EXPECT_EQ(sw.c.s.TargetFrequency, 1407300);
-    auto strokes = sw.strokes();
-    // Two sweeps of six bars, cyan then orange over it, then cleared before the third.
-    ASSERT_EQ(strokes.size(), 15u);
+    // Two sweeps of six bars, cyan then orange over it, then cleared before the third: the
+    // last orange bar goes with the picture, so the view never draws it.
+    ASSERT_EQ(strokes.size(), 14u);
     EXPECT_TRUE(strokes[0].clear);
-    strokes.erase(strokes.begin());
-    for (size_t i = 0; i < 12; ++i) {
+    for (size_t i = 1; i < 12; ++i) {
         EXPECT_FALSE(strokes[i].clear);
-        EXPECT_EQ(strokes[i].x, int(i % 6));
+        EXPECT_EQ(strokes[i].x, int((i - 1) % 6));
         EXPECT_EQ(strokes[i].y1, 32);
-        EXPECT_EQ(strokes[i].colour, i < 6 ? LightCyan : Orange);
+        EXPECT_EQ(strokes[i].colour, i <= 6 ? LightCyan : Orange);
     }
-    EXPECT_EQ(strokes[2].y2, 32 - 22);  // the carrier: S-meter 22 of 31
-    EXPECT_EQ(strokes[0].y2, 32);
+    EXPECT_EQ(strokes[3].y2, 32 - 22);  // the carrier: S-meter 22 of 31
+    EXPECT_EQ(strokes[1].y2, 32);
     EXPECT_TRUE(strokes[12].clear);
     EXPECT_EQ(strokes[13].colour, LightCyan);
+    EXPECT_EQ(strokes[13].x, 0);
 }
 
 TEST(SpectrumSweep, AStepWiderThanTheWidthWarnsAndWaitsForStop) {
@@ -137,7 +143,7 @@ TEST(SpectrumSweep, AClickTunesAtTheNextReadingAndTheSweepStaysPaused) {
     sw.c.s.PollingDelay = 0;
     sw.start();
     sw.point();
-    picSpectrum_MouseDown(sw.c, LeftButton, 0, 5.4);
+    picSpectrum_MouseDown(sw.c, SpectrumLeft, 0, 5.4);
     EXPECT_TRUE(sw.c.s.SpectrumPaused);
     EXPECT_EQ(sw.c.s.SpectrumCursorFrequency, 1425500);
     const int64_t was = sw.point();  // held: nothing moves
@@ -148,10 +154,10 @@ TEST(SpectrumSweep, AClickTunesAtTheNextReadingAndTheSweepStaysPaused) {
     EXPECT_EQ(sw.c.f.sldFrequency.value, 50);
     EXPECT_EQ(sw.point(), 14'255'000);  // still paused
     // A right drag moves the cursor 20 Hz a message, 40 with Ctrl held at mouse down.
-    picSpectrum_MouseDown(sw.c, RightButton, CtrlMask, 10.0);
-    picSpectrum_MouseMove(sw.c, RightButton, 0, 11.0);
+    picSpectrum_MouseDown(sw.c, SpectrumRight, CtrlMask, 10.0);
+    picSpectrum_MouseMove(sw.c, SpectrumRight, 0, 11.0);
     EXPECT_EQ(sw.rig().state().frequencyHz, 14'255'040);
-    picSpectrum_MouseMove(sw.c, RightButton, 0, 11.0);
+    picSpectrum_MouseMove(sw.c, SpectrumRight, 0, 11.0);
     EXPECT_EQ(sw.rig().state().frequencyHz, 14'255'000);
     picSpectrum_MouseUp(sw.c);
     // Hovering only reads out.
@@ -167,8 +173,8 @@ TEST(SpectrumSweep, TheIdlePictureTunesByTheTuningStep) {
         int button, shift;
         int32_t change;  // per message, from a step of 100 (1 kHz)
     };
-    for (const Case& t : {Case{LeftButton, 0, 100}, Case{LeftButton, CtrlMask, 400},
-                          Case{RightButton, 0, 20}, Case{RightButton, CtrlMask, 50}}) {
+    for (const Case& t : {Case{SpectrumLeft, 0, 100}, Case{SpectrumLeft, CtrlMask, 400},
+                          Case{SpectrumRight, 0, 20}, Case{SpectrumRight, CtrlMask, 50}}) {
         Sweep sw;
         sw.c.s.TuningStep = 100;
         sw.c.s.TuningFrequency = 1425000;

@@ -24,8 +24,8 @@ QColor ColourOf(Colour colour, const QWidget* w) {
 }
 
 int MouseButton(Qt::MouseButtons buttons) {
-    if (buttons & Qt::LeftButton) return LeftButton;
-    if (buttons & Qt::RightButton) return RightButton;
+    if (buttons & Qt::LeftButton) return SpectrumLeft;
+    if (buttons & Qt::RightButton) return SpectrumRight;
     return buttons & Qt::MiddleButton ? 4 : 0;
 }
 
