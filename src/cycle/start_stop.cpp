@@ -1,6 +1,7 @@
 #include "cycle/start_stop.h"
 
 #include "basic/basic.h"
+#include "grid/grid.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "memories/scan_ranges.h"
@@ -187,12 +188,14 @@ void ReleaseControl(Core& c) {
 void SaveCurrentValues(Core& c, const QString& frequency, const QString& mode) {
     const QString app = c.s.AppName;
     const QDateTime now = c.p.clock->localNow();
-    SaveSetting(c, app, "CurrentValues", "Frequency", frequency);
-    SaveSetting(c, app, "CurrentValues", "Mode", mode);
-    SaveSetting(c, app, "CurrentValues", "Date", now.toString("yyyy/MM/dd"));
-    SaveSetting(c, app, "CurrentValues", "Time", now.toString("HH:mm:ss"));
-    SaveSetting(c, app, "CurrentValues", "RigType", c.s.RigType);
-    SaveSetting(c, app, "CurrentValues", "GotSignal", c.s.SignalPresent ? "True" : "False");
+    // One write of the store for all six, as a scan changes the frequency at every tick.
+    SaveSettings(c, app, "CurrentValues",
+                 {{"Frequency", frequency},
+                  {"Mode", mode},
+                  {"Date", now.toString("yyyy/MM/dd")},
+                  {"Time", now.toString("HH:mm:ss")},
+                  {"RigType", c.s.RigType},
+                  {"GotSignal", c.s.SignalPresent ? "True" : "False"}});
 }
 
 void Form_DblClick(Core& c) {
@@ -208,6 +211,11 @@ void Form_Unload(Core& c) {
     // Closing during a long job is ignored: the job keeps the rig.
     if (LongJobRunning(s)) return;
     c.p.tmrPollInterval->setEnabled(false);
+    // The grid window saves its grid and placement as it unloads.
+    if (s.MemoryGridLoaded) {
+        frmCsvMem_Unload(c);
+        if (c.p.windows) c.p.windows->close(FormId::frmCsvMem);
+    }
     ReleaseControl(c);
     if (c.p.MSComm1->isOpen()) c.p.MSComm1->close();
     if (c.p.PttComPort->isOpen()) c.p.PttComPort->close();

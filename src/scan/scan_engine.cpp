@@ -1,5 +1,8 @@
 #include "scan/scan_engine.h"
 
+#include "basic/basic.h"
+#include "grid/memory_grid.h"
+#include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "protocol/read_frequency.h"
 #include "protocol/read_signal.h"
@@ -62,6 +65,45 @@ void LoadBankSlot(Core& c, int slot) {
     s.TargetMode = s.MemMode[i];
 }
 
+bool GridRowScanned(const MemoryGrid& g, int row) {
+    return !g.RowHidden(row) && g.TextMatrix(row, 10) == "Y";
+}
+
+void LoadGridRow(Core& c, int row) {
+    State& s = c.s;
+    const MemoryGrid& g = c.frmCsvMem.grdMemories;
+    s.ScanGridRow = row;
+    s.TargetFrequency = ParseFrequency(c, g.TextMatrix(row, 1), true);
+    s.TargetMode = g.TextMatrix(row, 2);
+}
+
+// Shift, offset and tone of a grid row. A stored offset above 5 MHz gives way to the band's.
+void LoadGridRepeater(Core& c, int row) {
+    State& s = c.s;
+    const MemoryGrid& g = c.frmCsvMem.grdMemories;
+    const QString& shift = g.TextMatrix(row, 3);
+    s.TargetShift = shift == "Plus" ? "+" : shift == "Minus" ? "-" : "0";
+    if (s.TargetShift != "0") {
+        const QString& offset = g.TextMatrix(row, 4);
+        const int32_t kHz = basic::CLng(basic::Val(offset) * 1000);
+        if (!offset.isEmpty() && kHz <= 5000)
+            s.TargetOffset = QString::number(kHz);
+        else
+            s.TargetOffset = QString::number(
+                basic::CLng(basic::Val(DefaultRepeaterOffset(c, s.TargetFrequency)) * 1000));
+    }
+    const QString& decode = g.TextMatrix(row, 6);
+    if (decode.startsWith("CTC")) {
+        const int index = c.frmCsvMem.cboCTCSS.list.indexOf(g.TextMatrix(row, 7));
+        s.ToneCode = QString::number(index < 0 ? 0 : index);
+        const bool decoding = decode.endsWith("Dec");
+        s.ToneEncode = decoding ? "0" : "1";
+        s.ToneDecode = decoding ? "1" : "0";
+    } else {
+        s.ToneCode = s.ToneEncode = s.ToneDecode = "0";
+    }
+}
+
 // Tunes the channel of a bank slot or grid row: mode, tone and shift go with it.
 void TuneChannel(Core& c) {
     SetFrequencyAndMode(c, c.s.TargetFrequency, c.s.TargetMode);
@@ -81,7 +123,7 @@ void cmdStartStopScan_Click(Core& c) {
         if (s.ScanBankMode && !FirstBankFrequency(c))
             return Message(c, "No frequencies found in the current bank");
         if (s.ScanGridMode) {
-            if (!GridHasScanRows(c)) return Message(c, "No CSV memories found to scan");
+            if (!s.GridHasScanRows) return Message(c, "No CSV memories found to scan");
             // Deliberately goes on: the first step finds nothing and ends the scan.
             if (!FirstGridFrequency(c)) Message(c, "No CSV memories found to scan");
         }
@@ -219,16 +261,31 @@ bool NextBankFrequency(Core& c) {
     return false;
 }
 
-// The memory grid is not part of this build: it has no rows, so nothing is there to scan.
-bool GridHasScanRows(Core&) {
+bool FirstGridFrequency(Core& c) {
+    const MemoryGrid& g = c.frmCsvMem.grdMemories;
+    for (int row = 1; row < g.Rows(); ++row) {
+        if (!GridRowScanned(g, row)) continue;
+        LoadGridRow(c, row);
+        return true;
+    }
     return false;
 }
 
-bool FirstGridFrequency(Core&) {
-    return false;
-}
-
-bool NextGridFrequency(Core&) {
+bool NextGridFrequency(Core& c) {
+    State& s = c.s;
+    const MemoryGrid& g = c.frmCsvMem.grdMemories;
+    if (g.Rows() < 2) return false;
+    int row = s.ScanGridRow;
+    for (int tries = 0; tries < g.Rows() - 1; ++tries) {
+        row = row >= g.Rows() - 1 ? 1 : row + 1;
+        if (!GridRowScanned(g, row)) continue;
+        LoadGridRow(c, row);
+        const QString& rig = s.RigType;
+        if (rig == RigFRG100 || rig == RigVR5000 || rig == RigFT1000MP || rig == RigFT920)
+            return true;
+        LoadGridRepeater(c, row);
+        return true;
+    }
     return false;
 }
 

@@ -23,8 +23,7 @@ void cmdScanMemOrBank_Click(Core& c);
 // The slots of the bank on show that are scanned: a frequency and the scan flag "Y".
 bool FirstBankFrequency(Core& c);
 bool NextBankFrequency(Core& c);
-// The rows of the memory grid that are scanned.
-bool GridHasScanRows(Core& c);
+// The rows of the memory grid on show that are scanned (Scan "Y").
 bool FirstGridFrequency(Core& c);
 bool NextGridFrequency(Core& c);
 
