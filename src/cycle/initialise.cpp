@@ -6,6 +6,7 @@
 #include "memories/banks.h"
 #include "memories/memory_tag.h"
 #include "memories/scan_ranges.h"
+#include "scan/scan_engine.h"
 #include "shell/customise.h"
 #include "tuning/bands.h"
 #include "tuning/delays.h"
@@ -130,6 +131,8 @@ void InitialiseVariables(Core& c) {
     s.UseSquelch = BoolSetting(c, "UseSquelch", true);
     s.HangDelay = NumberSetting(c, "HangDelay", "4");
     s.HangDelayOnSignalLoss = BoolSetting(c, "HangDelayOnSignalLoss", true);
+    ShowHangDelayTicks(c);
+    ShowScanSpeedTicks(c);
     c.p.tmrPollInterval->setInterval((6 - s.TalkFreq) * 26);
     // 15. The signal threshold.
     c.f.pbarGotSignal.value = std::clamp(NumberSetting(c, "GotSignal", "3"), c.f.pbarGotSignal.min,

@@ -21,6 +21,8 @@
 #include "protocol/tones.h"
 #include "protocol/transmit.h"
 #include "protocol/write_frequency.h"
+#include "scan/scan_engine.h"
+#include "scan/spectrum.h"
 #include "tuning/go_to.h"
 
 namespace veldor {
@@ -143,8 +145,15 @@ bool PollTick(Core& c) {
             if (!row.flag || s.*(row.flag)) row.action(c);
         if (s.FrequencyChangePending) ChangeFrequency(c);
         if (c.p.rigServer) c.p.rigServer->requestsServed();
-        // The scan and the sweep join here with their steps.
-        if (!s.ScanRunning && !s.SpectrumRunning && !s.StatusUpdateHeld) PerformStatusUpdate(c);
+        // A running scan feeds the display itself; a held one shows live status.
+        if (s.ScanRunning && !s.ScanHold) {
+            ScanStep(c);
+            ScanCheckSignal(c);
+        } else if (!s.SpectrumMouseDown && !s.SpectrumRunning && !s.StatusUpdateHeld) {
+            PerformStatusUpdate(c);
+        }
+        if (s.PendingSpectrumStart) SpectrumStart(c);
+        if (s.SpectrumRunning) SpectrumStep(c);
         // The cross-band repeater's window owns the port while it is open.
         if (s.PendingXBand) ShowXBandRepeat(c);
     }
@@ -175,6 +184,12 @@ void tmrPollInterval_Timer(Core& c) {
         if (dynamic_cast<const std::bad_alloc*>(&e)) {
             number = 7;
             description = "Out of memory";
+        } else if (dynamic_cast<const std::overflow_error*>(&e)) {
+            number = 6;
+            description = "Overflow";
+        } else if (dynamic_cast<const std::domain_error*>(&e)) {
+            number = 11;
+            description = "Division by zero";
         } else if (dynamic_cast<const std::out_of_range*>(&e)) {
             number = 9;
             description = "Subscript out of range";

@@ -224,7 +224,7 @@ void PutBcdDigits(Core& c, int32_t value) {
 void PrepareFrequency(Core& c, int32_t& frequency) {
     const RigInfo* rig = FindRig(c.s.RigType);
     const LinkFamily family = rig ? rig->family : LinkFamily::None;
-    if (family == LinkFamily::Binary && c.s.SpectrumDragging) {
+    if (family == LinkFamily::Binary && c.s.SpectrumMouseDown) {
         const int32_t step = c.s.VR5000Step;
         frequency = basic::CLng(frequency + step / 2.0) / step * step;
     }

@@ -78,8 +78,6 @@ struct State : TuningState,
     bool SpectrumRunning = false;
     bool ScanRunning = false;
     bool SignalPresent = false;
-    // While the operator drags on the spectrum, VR-5000 frequencies snap to the step.
-    bool SpectrumDragging = false;
 
     // Serial link.
     std::array<uint8_t, 5> CommandBytes{};

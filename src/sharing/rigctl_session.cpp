@@ -163,6 +163,8 @@ Outcome SetSplit(Core& c, const QStringList& args) {
     if (VfoLetterOf(c, args[1]).isEmpty()) return Code(RigctlInvalid);
     if (!LinkRunning(c)) return Code(RigctlLinkDown);
     if (!c.f.chkSplit.visible) return Code(RigctlNotAvailable);
+    // A sweep holds the split box, as it does for the operator.
+    if (!c.f.chkSplit.enabled) return Code(RigctlRefused);
     if (c.f.chkSplit.value == split) return Code(RigctlOk);
     c.f.chkSplit.value = split;
     chkSplit_Click(c);

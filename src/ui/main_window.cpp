@@ -44,6 +44,7 @@ MainWindow::MainWindow(Core& core, Views& views)
     right->addWidget(BuildMemoriesGroup(kit_, central));
     right->addWidget(BuildNotesGroup(kit_, central));
     right->addWidget(BuildScanGroup(kit_, central));
+    right->addWidget(BuildSpectrumGroup(kit_, central));
     right->addStretch();
     columns->addLayout(left, 3);
     columns->addLayout(right, 2);

@@ -170,8 +170,11 @@ struct Refusal {
 
 TEST(RigctlWrites, AreRefusedWhereTheProgramRefusesAClick) {
     auto transmitting = [](Shared& st) { st.c.s.Transmitting = true; };
-    auto scanning = [](Shared& st) { st.c.s.ScanRunning = true; };
-    auto sweeping = [](Shared& st) { st.c.s.SpectrumRunning = true; };
+    // Held, so that the tick steps neither.
+    auto scanning = [](Shared& st) { st.c.s.ScanRunning = st.c.s.ScanHold = true; };
+    auto sweeping = [](Shared& st) {
+        st.c.s.SpectrumRunning = st.c.s.SpectrumPaused = st.c.s.SpectrumMouseHeld = true;
+    };
     auto off = [](Shared& st) { st.switchOff(); };
     auto enabled = [](Shared& st) { st.c.f.chkTransmitEnable.value = 1; };
     const Refusal cases[] = {
@@ -196,7 +199,7 @@ TEST(RigctlWrites, AreRefusedWhereTheProgramRefusesAClick) {
         {"FT817", "T 1", RigctlRefused,
          [](Shared& st) {
              st.c.f.chkTransmitEnable.value = 1;
-             st.c.s.ScanRunning = true;
+             st.c.s.ScanRunning = st.c.s.ScanHold = true;
          }},
         {"VR5000", "T 1", RigctlNotAvailable, enabled},
         {"FRG100", "T 1", RigctlNotAvailable, enabled},

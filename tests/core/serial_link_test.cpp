@@ -390,13 +390,13 @@ TEST_F(Link, AnOutOfRangeFrequencyCodesNothingAndFallsBackTo7MHz) {
 
 TEST_F(Link, AVr5000DragSnapsToTheTuningStep) {
     h.c.s.RigType = RigVR5000;
-    h.c.s.SpectrumDragging = true;
+    h.c.s.SpectrumMouseDown = true;
     h.c.s.VR5000Step = 20;
     int32_t f = 14557511;
     PrepareFrequency(h.c, f);
     EXPECT_EQ(f, 14557520);
     EXPECT_EQ(h.c.s.CurrentFrequency, 14557520);
-    h.c.s.SpectrumDragging = false;
+    h.c.s.SpectrumMouseDown = false;
     f = 14557511;
     PrepareFrequency(h.c, f);
     EXPECT_EQ(f, 14557511);
