@@ -9,6 +9,7 @@
 #include "accessories/recorder.h"
 #include "accessories/timed_events.h"
 #include "accessories/xband_repeat.h"
+#include "cycle/open_convert.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -73,6 +74,7 @@ constexpr PendingAction kPendingActions[] = {
     {&State::PendingMetersPanel, ToggleMetersPanel},
     {&State::PendingDspPanel, ToggleDspPanel},
     {&State::GoToPending, ApplyGoTo},
+    {&State::PendingConvert, OpenConvert},
     {&State::PendingFT920Tuner, ToggleFt920Tuner},
     {&State::PendingFT920StartTune, StartFt920Tune},
     {&State::PttOffPending, PttOff},

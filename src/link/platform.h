@@ -111,6 +111,10 @@ class Dialogs {
     // existing file: the program asks its own question.
     virtual QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                                  int filterIndex) = 0;
+    // The open dialog, with the same folder and filter: the name of a file chosen, which may
+    // not exist. Empty on cancel.
+    virtual QString openFileName(const QString& title, const QString& folder, const QString& filter,
+                                 int filterIndex) = 0;
 };
 
 // Folders and system facts the program asks about.

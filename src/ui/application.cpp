@@ -2,6 +2,7 @@
 
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
+#include "ui/convert_window.h"
 #include "ui/dsp_panel.h"
 #include "ui/main_window.h"
 #include "ui/meters_panel.h"
@@ -61,6 +62,8 @@ Application::Application()
                  [this] { return new SetMemoryDialog(c_, views_, window_.get()); });
     windows_.add(FormId::frmScanner,
                  [this] { return new ScannerDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmConvert,
+                 [this] { return new ConvertWindow(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);
 }
 

@@ -81,22 +81,42 @@ QString QtDialogs::browseForFolder(const QString& prompt) {
     return QFileDialog::getExistingDirectory(parent ? parent() : nullptr, prompt, QDir::homePath());
 }
 
-QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter,
-                                int filterIndex) {
-    // "Wave Files (*.wav)|*.wav|..." names its patterns in each description already.
+namespace {
+
+// "Wave Files (*.wav)|*.wav|..." names its patterns in each description already.
+QString FileName(QWidget* parent, QFileDialog::AcceptMode mode, const QString& title,
+                 const QString& folder, const QString& filter, int filterIndex) {
     const QStringList parts = filter.split('|');
     QStringList filters;
     for (qsizetype i = 0; i < parts.size(); i += 2) filters.append(parts[i]);
-    QFileDialog dialog(parent ? parent() : nullptr, title, folder);
+    QFileDialog dialog(parent, title, folder);
     dialog.setObjectName("CommonDialog1");
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setAcceptMode(mode);
+    // The program asks its own questions about a file that exists or does not.
+    if (mode == QFileDialog::AcceptSave)
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    else
+        dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontUseNativeDialog);  // the same dialog on every desktop
     dialog.setNameFilters(filters);
     if (filterIndex >= 1 && filterIndex <= filters.size())
         dialog.selectNameFilter(filters[filterIndex - 1]);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return dialog.selectedFiles().constFirst();
+}
+
+}  // namespace
+
+QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter,
+                                int filterIndex) {
+    return FileName(parent ? parent() : nullptr, QFileDialog::AcceptSave, title, folder, filter,
+                    filterIndex);
+}
+
+QString QtDialogs::openFileName(const QString& title, const QString& folder, const QString& filter,
+                                int filterIndex) {
+    return FileName(parent ? parent() : nullptr, QFileDialog::AcceptOpen, title, folder, filter,
+                    filterIndex);
 }
 
 bool QtSystem::directoryExists(const QString& path) {

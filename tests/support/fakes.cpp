@@ -39,6 +39,14 @@ QString ScriptedDialogs::saveFileName(const QString&, const QString& folder, con
     return saveAnswer;
 }
 
+QString ScriptedDialogs::openFileName(const QString&, const QString&, const QString& filter, int) {
+    openFilters.push_back(filter);
+    if (openAnswers.empty()) return {};
+    QString name = openAnswers.front();
+    openAnswers.pop_front();
+    return name;
+}
+
 bool FakeLauncher::start(const QString& commandLine) {
     started.push_back(commandLine);
     return std::find(missing.begin(), missing.end(), commandLine) == missing.end();

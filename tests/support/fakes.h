@@ -71,6 +71,11 @@ class ScriptedDialogs : public Dialogs {
     std::vector<QString> saveFolders;
     QString saveAnswer;
     QString saveFileName(const QString&, const QString& folder, const QString&, int) override;
+    // The open dialogs shown (their filters), and the names the operator picks in turn: none
+    // left cancels.
+    std::vector<QString> openFilters;
+    std::deque<QString> openAnswers;
+    QString openFileName(const QString&, const QString&, const QString& filter, int) override;
 };
 
 // Programs started: each command line, and whether it started (all do, but those named in

@@ -1,5 +1,6 @@
 #include "ui/main/menus.h"
 
+#include "cycle/open_convert.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
 #include "memories/banks.h"
@@ -89,7 +90,7 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
           {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
     Items(kit, Menu(bar, "mnuEdit", "&Edit"), {{"mnuAddToGrid", &f.mnuAddToGrid, {}, Qt::Key_F4}});
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
-          {{"mnuConvert", &f.mnuConvert, {}},
+          {{"mnuConvert", &f.mnuConvert, mnuConvert_Click},
            {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});
 
     QMenu* options = Menu(bar, "mnuOptionsMenu", "&Options");
