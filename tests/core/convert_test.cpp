@@ -4,6 +4,7 @@
 #include "basic/basic.h"
 #include "cycle/open_convert.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "support/fakes.h"
 
 #include <QFile>
