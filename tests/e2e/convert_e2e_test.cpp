@@ -95,7 +95,9 @@ TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
         ASSERT_EQ(window->objectName(), "frmConvert");
         ASSERT_EQ(window->windowTitle(), "VELDOR - Convert memory files");
         statusWhileOpen = QString::number(c.p.tmrPollInterval->enabled());
-        QTest::mouseClick(window->findChild<QRadioButton*>("optProgFile_1"), Qt::LeftButton);
+        // On the option's circle, at its left.
+        auto* d700 = window->findChild<QRadioButton*>("optProgFile_1");
+        QTest::mouseClick(d700, Qt::LeftButton, {}, QPoint(8, d700->height() / 2));
         AnswerOpenDialog(path);
         QTest::mouseClick(window->findChild<QPushButton*>("cmdLoadFile"), Qt::LeftButton);
         rowsShown = window->findChild<QTableView*>("grdMemories")->model()->rowCount();
@@ -114,7 +116,7 @@ TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
     EXPECT_EQ(statusWhileOpen, "0");  // the poll stands still while the window is open
     QFile written(path);
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_EQ(written.readAll(), original);
+    EXPECT_EQ(QString::fromLatin1(written.readAll()), QString::fromLatin1(original));
     EXPECT_TRUE(QFile::exists(path + ".BAK"));
     EXPECT_TRUE(Eventually([&] { return c.p.tmrPollInterval->enabled(); }, 5000));
     app.closeForSignal();
