@@ -44,9 +44,6 @@ bool ParseRepeaterLine(Core& c, const QString& line, MemoryRow& row);
 // False when a record will not convert; rows then holds what was read before it.
 bool ReadMemoryFile(Core& c, const QByteArray& bytes, std::vector<MemoryRow>* rows);
 
-// The grid's heading row.
-MemoryRow MemoryColumnHeadings();
-
 // The box a conversion that fails shows, as the platform shows a run-time failure.
 void ShowConversionFailure(Core& c);
 
@@ -55,6 +52,8 @@ void frmConvert_Load(Core& c);
 void optProgFile_Click(Core& c, int index);
 void cmdLoadFile_Click(Core& c);
 void cmdExportKenwood_Click(Core& c);
+// Writes the grid as a memory CSV file.
+void cmdExport_Click(Core& c);
 void cmdExit_Click(Core& c);
 void ClearConvertGrid(Core& c);
 void DisableConvertButtons(Core& c);

@@ -1,6 +1,7 @@
 // The handlers of frmConvert: reading a Kenwood or repeater file into the window's grid, and
 // writing the grid over a Kenwood file of the chosen family.
 #include "convert/convert.h"
+#include "grid/csv_file.h"
 #include "link/catalogue.h"
 
 #include <QFile>
@@ -84,11 +85,6 @@ std::vector<MemoryRow> MemoryRows(const FrmConvert& f) {
 
 }  // namespace
 
-MemoryRow MemoryColumnHeadings() {
-    return {"Memory",    "RX Freq", "RX Mode", "Shift", "TX Shift/Freq", "TX Mode",    "CTCSS/DCS",
-            "Tone/Code", "Show",    "Name",    "Scan",  "Group",         "Description"};
-}
-
 void ShowConversionFailure(Core& c) {
     RunTimeError(c, 13, "Type mismatch");
 }
@@ -112,7 +108,7 @@ void optProgFile_Click(Core& c, int index) {
 void ClearConvertGrid(Core& c) {
     ConvertGrid& grid = c.frmConvert.grdMemories;
     for (size_t r = 1; r < grid.rows.size(); ++r) grid.rows[r] = MemoryRow{};
-    grid.rows[0] = MemoryColumnHeadings();
+    grid.rows[0] = ColumnHeadings();
     ++grid.generation;
 }
 
@@ -173,6 +169,32 @@ void cmdExportKenwood_Click(Core& c) {
             ShowConversionFailure(c);
         else if (ReplaceKeepingBackup(c, name, exported))
             Box(c, "Export to Kenwood complete");
+    }
+    EnableConvertButtons(c);
+}
+
+void cmdExport_Click(Core& c) {
+    c.s.FieldDelimiter = c.s.DecimalSeparator == "." ? "," : ";";
+    DisableConvertButtons(c);
+    QString name = c.p.dialogs->saveFileName(
+        "Save As", c.s.HomeDir, "Memories CSV Files (*.CSV)|*.CSV|All Files (*.*)|*.*", 1);
+    if (!name.isEmpty() && !name.toUpper().endsWith(".CSV")) name += ".CSV";
+    const bool refused =
+        name.isEmpty() || (QFileInfo::exists(name) &&
+                           c.p.dialogs->messageBox(
+                               "Filename " + name + " already exists\r\nDo you wish to replace it?",
+                               "VELDOR", MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No);
+    if (!refused) {
+        // The memory grid's writer; here a row without a receive frequency is left out.
+        std::vector<GridRow> rows;
+        for (const MemoryRow& row : c.frmConvert.grdMemories.rows) rows.push_back({row, false});
+        const QByteArray bytes =
+            WriteCsvRows(rows, c.s.FieldDelimiter[0], c.s.DecimalSeparator[0], false, 1);
+        QSaveFile file(name);
+        if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+            Box(c, "Export completed");
+        else
+            RunTimeError(c, 75, "Path/File access error");
     }
     EnableConvertButtons(c);
 }

@@ -2,8 +2,7 @@
 // are kept; between them each memory is a line of 18 TAB-separated fields.
 #include "basic/basic.h"
 #include "convert/convert.h"
-#include "convert/csv_fields.h"
-#include "convert/numbers.h"
+#include "grid/csv_file.h"
 
 namespace veldor {
 
@@ -62,8 +61,10 @@ bool IsMemoryNumber(const QString& text) {
 }
 
 void ParseKenwoodLine(Core& c, const QString& line, MemoryRow& row) {
-    const auto field = [&](int index) { return GetCsvField(c, line, index); };
-    row[0] = NumberText(c, basic::Val(field(1)));
+    const auto field = [&](int index) {
+        return GetCsvField(line, index, c.s.FieldDelimiter[0], c.s.DecimalSeparator[0]);
+    };
+    row[0] = NumberText(basic::Val(field(1)), c.s.DecimalSeparator[0]);
     // The frequency is taken from characters 7 to 14: field 2's digits without its first two
     // and its last, which holds only while field 1 is three characters wide.
     row[1] = TensToMHzText(c, basic::Val(line.mid(6, 8)));
@@ -99,9 +100,13 @@ void ParseKenwoodLine(Core& c, const QString& line, MemoryRow& row) {
 bool KenwoodMemoryLine(Core& c, const MemoryRow& row, QString* line) {
     const int type = c.s.ConvertFileType;
     double receive = 0, offset = 0;
-    if (!CDbl(c, row[1], &receive) || !CDbl(c, row[4], &offset)) return false;
+    if (!CellNumber(row[1], c.s.DecimalSeparator[0], &receive) ||
+        !CellNumber(row[4], c.s.DecimalSeparator[0], &offset))
+        return false;
     double channel = 0;
-    const QString number = CDbl(c, row[0], &channel) ? basic::Format(channel, "000") : row[0];
+    const QString number = CellNumber(row[0], c.s.DecimalSeparator[0], &channel)
+                               ? basic::Format(channel, "000")
+                               : row[0];
     const QString& tone = row[6];  // "DEN" is written as no tone at all
     const bool split = row[3] == "Split";
     const int tonePlace = PlaceInList(c.frmConvert.cboCTCSS, row[7]);

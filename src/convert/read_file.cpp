@@ -1,5 +1,5 @@
 #include "convert/convert.h"
-#include "convert/csv_fields.h"
+#include "grid/csv_file.h"
 
 namespace veldor {
 
@@ -18,7 +18,7 @@ bool ReadMemoryFile(Core& c, const QByteArray& bytes, std::vector<MemoryRow>* ro
     }
     size_t count = 0;
     for (qsizetype i = 0; i < end; ++i) {
-        if (repeaters) BlankQuotedDelimiters(c, lines[i]);
+        if (repeaters) lines[i] = BlankQuotedDelimiters(lines[i], c.s.FieldDelimiter[0]);
         if (repeaters ? IsRepeaterRecord(c, lines[i]) : IsMemoryNumber(lines[i])) ++count;
     }
     rows->assign(count, MemoryRow{});

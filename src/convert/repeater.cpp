@@ -3,8 +3,7 @@
 // after BlankQuotedDelimiters.
 #include "basic/basic.h"
 #include "convert/convert.h"
-#include "convert/csv_fields.h"
-#include "convert/numbers.h"
+#include "grid/csv_file.h"
 
 namespace veldor {
 
@@ -33,17 +32,21 @@ QString DirectoryOffset(Core& c, double mhz) {
 
 bool IsRepeaterRecord(Core& c, const QString& line) {
     // Field 1 formatted "000": a number takes the pattern, any other text stays as it is.
-    const QString first = GetCsvField(c, line, 1);
+    const QString first = GetCsvField(line, 1, c.s.FieldDelimiter[0], c.s.DecimalSeparator[0]);
     double number = 0;
-    const QString text = CDbl(c, first, &number) ? basic::Format(number, "000") : first;
+    const QString text =
+        CellNumber(first, c.s.DecimalSeparator[0], &number) ? basic::Format(number, "000") : first;
     return text >= QStringLiteral("001") && text <= QStringLiteral("199");
 }
 
 bool ParseRepeaterLine(Core& c, const QString& line, MemoryRow& row) {
-    const auto field = [&](int index) { return GetCsvField(c, line, index); };
+    const auto field = [&](int index) {
+        return GetCsvField(line, index, c.s.FieldDelimiter[0], c.s.DecimalSeparator[0]);
+    };
     row[0] = field(1);
     double receive = 0;
-    if (!CDbl(c, WithLocaleMark(c, field(6).trimmed()), &receive)) return false;
+    if (!CellNumber(WithLocaleMark(c, field(6).trimmed()), c.s.DecimalSeparator[0], &receive))
+        return false;
     row[1] = basic::Format(receive, "##0.00000");
     row[2] = "FM";
 
@@ -56,7 +59,7 @@ bool ParseRepeaterLine(Core& c, const QString& line, MemoryRow& row) {
         row[3] = "Simplex";
     } else {
         double transmit = 0;
-        if (!CDbl(c, WithLocaleMark(c, input), &transmit)) return false;
+        if (!CellNumber(WithLocaleMark(c, input), c.s.DecimalSeparator[0], &transmit)) return false;
         row[4] = basic::Format(transmit, "##0.00000");
         if (row[4] == row[1]) {
             row[3] = "Simplex";

@@ -4,6 +4,7 @@
 #include "sharing/rig_sharing.h"
 #include "ui/convert_window.h"
 #include "ui/dsp_panel.h"
+#include "ui/grid_window.h"
 #include "ui/main_window.h"
 #include "ui/meters_panel.h"
 #include "ui/record_window.h"
@@ -41,7 +42,8 @@ Application::Application()
                     .windows = &windows_,
                     .rigServer = &rigctld_,
                     .launcher = &launcher_,
-                    .audio = &audio_};
+                    .audio = &audio_,
+                    .printer = &printer_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     // Whatever the core has reached shows before the events of a pause run.
     pump_.beforeEvents = [this] { views_.renderAll(); };
@@ -60,6 +62,7 @@ Application::Application()
     windows_.add(FormId::frmMeters, [this] { return new MetersPanel(c_, views_, window_.get()); });
     windows_.add(FormId::frmSetMemory,
                  [this] { return new SetMemoryDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmCsvMem, [this] { return new GridWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frmScanner,
                  [this] { return new ScannerDialog(c_, views_, window_.get()); });
     windows_.add(FormId::frmConvert,

@@ -83,7 +83,9 @@ QString QtDialogs::browseForFolder(const QString& prompt) {
 
 namespace {
 
-// "Wave Files (*.wav)|*.wav|..." names its patterns in each description already.
+// A file dialog of the program's own kind: the same on every desktop, its filter given as
+// description and pattern pairs separated by "|" ("Wave Files (*.wav)|*.wav|..."), each
+// description naming its patterns already.
 QString FileName(QWidget* parent, QFileDialog::AcceptMode mode, const QString& title,
                  const QString& folder, const QString& filter, int filterIndex) {
     const QStringList parts = filter.split('|');
@@ -92,12 +94,10 @@ QString FileName(QWidget* parent, QFileDialog::AcceptMode mode, const QString& t
     QFileDialog dialog(parent, title, folder);
     dialog.setObjectName("CommonDialog1");
     dialog.setAcceptMode(mode);
-    // The program asks its own questions about a file that exists or does not.
-    if (mode == QFileDialog::AcceptSave)
-        dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    else
-        dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);  // the same dialog on every desktop
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    // The program tells of a missing file itself.
+    if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);
     if (filterIndex >= 1 && filterIndex <= filters.size())
         dialog.selectNameFilter(filters[filterIndex - 1]);

@@ -44,11 +44,11 @@ struct Converter : Harness {
         return path;
     }
     void load(const QString& path) {
-        dialogs.openAnswers.push_back(path);
+        dialogs.openAnswer = path;
         cmdLoadFile_Click(c);
     }
     void exportTo(const QString& path) {
-        dialogs.openAnswers.push_back(path);
+        dialogs.openAnswer = path;
         cmdExportKenwood_Click(c);
     }
     const std::vector<MemoryRow>& rows() { return c.frmConvert.grdMemories.rows; }
@@ -267,6 +267,16 @@ TEST(RepeaterFile, OnlyRecordsOneTo199AreRead) {
     ASSERT_EQ(t.rows().size(), 3u);
     EXPECT_EQ(t.rows()[1][9], " W1AW ");  // quotes are blanks
     EXPECT_EQ(t.rows()[2][1] + " " + t.rows()[2][7], "147.12000 77.0");
+
+    // Export CSV leaves out a row without a receive frequency; the others keep their numbers.
+    t.c.frmConvert.grdMemories.rows[1][1].clear();
+    t.dialogs.saveAnswer = t.dir.filePath("out");
+    cmdExport_Click(t.c);
+    EXPECT_EQ(t.lastBox(), "Export completed");
+    EXPECT_EQ(Contents(t.dir.filePath("out.CSV")),
+              Lines({"Memory,RX Freq,RX Mode,Shift,TX Shift/Freq,TX Mode,CTCSS/DCS,Tone/Code,Show,"
+                     "Name,Scan,Group,Description",
+                     " 2 , 147.12 ,FM,Plus, .6 ,,CTCSS Enc,77.0,Name, W1YY   ,Y,0,"}));
 }
 
 TEST(RepeaterFile, FilesThatHoldNoRecordsOrBadNumbers) {
