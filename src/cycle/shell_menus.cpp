@@ -1,5 +1,6 @@
 #include "cycle/shell_menus.h"
 
+#include "convert/convert.h"
 #include "cycle/start_stop.h"
 #include "grid/grid.h"
 #include "shell/about.h"
@@ -35,6 +36,7 @@ void OpenConvert(Core& c) {
     c.s.PendingConvert = false;
     ReleaseControl(c);
     ReportMessage(c, "Messages from the Convert routine");
+    frmConvert_Load(c);
     c.p.windows->show(FormId::frmConvert, true);
     if (c.f.chkOnOff.value == 1) TakeControl(c);
 }

@@ -3,6 +3,7 @@
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
 #include "ui/about_dialog.h"
+#include "ui/convert_window.h"
 #include "ui/dsp_panel.h"
 #include "ui/grid_window.h"
 #include "ui/main_window.h"
@@ -60,6 +61,8 @@ Application::Application()
     windows_.add(FormId::frmCsvMem, [this] { return new GridWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frmScanner,
                  [this] { return new ScannerDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmConvert,
+                 [this] { return new ConvertWindow(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);
 }
 

@@ -93,9 +93,8 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
           {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, mnuSpectrumOnly_Click, Qt::Key_F2, true}});
     Items(kit, Menu(bar, "mnuEdit", "&Edit"),
           {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
-    // The conversion window is not built yet: mnuConvert_Click joins with it.
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
-          {{"mnuConvert", &f.mnuConvert, {}},
+          {{"mnuConvert", &f.mnuConvert, mnuConvert_Click},
            {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition,
             mnuResetMemoryGridPosition_Click}});
 
