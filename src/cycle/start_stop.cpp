@@ -187,12 +187,14 @@ void ReleaseControl(Core& c) {
 void SaveCurrentValues(Core& c, const QString& frequency, const QString& mode) {
     const QString app = c.s.AppName;
     const QDateTime now = c.p.clock->localNow();
-    SaveSetting(c, app, "CurrentValues", "Frequency", frequency);
-    SaveSetting(c, app, "CurrentValues", "Mode", mode);
-    SaveSetting(c, app, "CurrentValues", "Date", now.toString("yyyy/MM/dd"));
-    SaveSetting(c, app, "CurrentValues", "Time", now.toString("HH:mm:ss"));
-    SaveSetting(c, app, "CurrentValues", "RigType", c.s.RigType);
-    SaveSetting(c, app, "CurrentValues", "GotSignal", c.s.SignalPresent ? "True" : "False");
+    // One write of the store for the record, and none when nothing in it changed.
+    SaveSettings(c, app, "CurrentValues",
+                 {{"Frequency", frequency},
+                  {"Mode", mode},
+                  {"Date", now.toString("yyyy/MM/dd")},
+                  {"Time", now.toString("HH:mm:ss")},
+                  {"RigType", c.s.RigType},
+                  {"GotSignal", c.s.SignalPresent ? "True" : "False"}});
 }
 
 void Form_DblClick(Core& c) {

@@ -21,11 +21,11 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
-          views_.renderAll();
+          views_.renderSoon();
       }),
       clockTimer_([this] {
           tmrClock_Timer(c_);
-          views_.renderAll();
+          views_.renderSoon();
       }) {
     clockTimer_.setInterval(1000);
     c_.p = Platform{.MSComm1 = &mainPort_,
@@ -42,8 +42,8 @@ Application::Application()
                     .launcher = &launcher_,
                     .audio = &audio_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
-    // Whatever the core has reached shows before the events of a pause run.
-    pump_.beforeEvents = [this] { views_.renderAll(); };
+    // Whatever the core has reached shows while the link waits, at the pace of the eye.
+    pump_.beforeEvents = [this] { views_.renderSoon(); };
     // Until the settings dialog is built, the operator is told where the settings are kept.
     windows_.add(FormId::frmSettings, [this] {
         auto* box = new QMessageBox(

@@ -177,7 +177,25 @@ QLabel* BuddyLabel(const QString& text, QWidget* box) {
     return label;
 }
 
+Views::Views() : deferred_(std::make_unique<QTimer>()) {
+    deferred_->setSingleShot(true);
+    QObject::connect(deferred_.get(), &QTimer::timeout, [this] { renderAll(); });
+}
+
+Views::~Views() = default;
+
+void Views::renderSoon() {
+    if (!sinceRender_.isValid() || sinceRender_.elapsed() >= kRenderPeriodMs) {
+        renderAll();
+        return;
+    }
+    if (!deferred_->isActive())
+        deferred_->start(kRenderPeriodMs - static_cast<int>(sinceRender_.elapsed()));
+}
+
 void Views::renderAll() {
+    deferred_->stop();
+    sinceRender_.start();
     // A render may open or close a window, whose kit then joins or leaves the list.
     const std::vector<ViewKit*> kits = kits_;
     for (ViewKit* kit : kits)

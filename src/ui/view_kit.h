@@ -7,10 +7,12 @@
 
 #include "link/core.h"
 
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -24,6 +26,7 @@ class QPushButton;
 class QRadioButton;
 class QScrollBar;
 class QSlider;
+class QTimer;
 class QEvent;
 class QObject;
 class QWidget;
@@ -46,11 +49,21 @@ class ViewKit;
 // All windows' kits: a handler's effect shows in every window at once.
 class Views {
   public:
+    Views();
+    ~Views();
+    // Shows the core's state in every window now: after a handler, whose effect the operator
+    // waits to see.
     void renderAll();
+    // Shows it now if the last showing is older than kRenderPeriodMs, or else once that
+    // period is over: the tick and the link's pauses come far more often than an eye follows.
+    void renderSoon();
+    static constexpr int kRenderPeriodMs = 50;
 
   private:
     friend class ViewKit;
     std::vector<ViewKit*> kits_;
+    std::unique_ptr<QTimer> deferred_;
+    QElapsedTimer sinceRender_;
 };
 
 class ViewKit {
