@@ -90,7 +90,7 @@ class ViewKit {
     // A renderer of one control, passed over by a changed-only render while the control is as
     // it was last shown and does not ask for the focus.
     template <typename Model>
-    void onChange(const Model& model, std::function<void()> renderer) {
+    void onControl(const Model& model, std::function<void()> renderer) {
         onRender([this, &model, renderer = std::move(renderer),
                   shown = std::optional<Model>()]() mutable {
             if (changedOnly_ && shown && *shown == model && c_.focusRequest != &model) return;
