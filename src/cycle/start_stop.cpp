@@ -197,7 +197,7 @@ void ReleaseControl(Core& c) {
 void SaveCurrentValues(Core& c, const QString& frequency, const QString& mode) {
     const QString app = c.s.AppName;
     const QDateTime now = c.p.clock->localNow();
-    // One write of the store for all six, as a scan changes the frequency at every tick.
+    // One write of the store for the record, and none when nothing in it changed.
     SaveSettings(c, app, "CurrentValues",
                  {{"Frequency", frequency},
                   {"Mode", mode},

@@ -12,10 +12,15 @@ constexpr int kBusyWaitLimit = 101;   // pauses before a send or read proceeds r
 constexpr int kReplyPollLimit = 100;  // polls of a binary reply before it counts as lost
 constexpr int kTextWaitTests = 25;    // tests for the first byte of a text reply
 
-// A busy flag is only a courtesy: after about half a second the caller goes on regardless.
+bool LinkBusy(const Core& c) {
+    return c.s.ReceiveBusy || c.s.SendBusy;
+}
+
+// A busy flag is only a courtesy: after about half a second the caller goes on regardless. A
+// pause ends early once the flags are down.
 void WaitForLink(Core& c) {
-    for (int pauses = 0; (c.s.ReceiveBusy || c.s.SendBusy) && pauses < kBusyWaitLimit; ++pauses)
-        PauseWithEvents(c, kLinkPause);
+    for (int pauses = 0; LinkBusy(c) && pauses < kBusyWaitLimit; ++pauses)
+        PauseUntil(c, kLinkPause, -1, [&c] { return !LinkBusy(c); });
 }
 
 QString PortUnavailableText(const QString& prefix, const QString& port) {
@@ -34,6 +39,11 @@ void ShowMessage(Core& c, const QString& text) {
 void PauseWithEvents(Core& c, int milliseconds) {
     c.p.pump->processEvents();
     c.p.pump->sleep(milliseconds);
+}
+
+void PauseUntil(Core& c, int milliseconds, int watch, const std::function<bool()>& ready) {
+    c.p.pump->processEvents();
+    c.p.pump->sleepUntil(milliseconds, watch, ready);
 }
 
 bool CheckFrequencyRange(Core& c, int32_t frequency) {
@@ -96,9 +106,13 @@ void ReadResponse(Core& c, int count) {
     }
     c.s.ReceiveBusy = true;
     c.s.ReplyTimedOut = false;
-    // The pause comes before the first test: the shortest read takes 5 ms, a lost one 505 ms.
+    // The pause comes before each test, and ends as soon as the whole reply is there (or the
+    // port has gone): a lost reply still takes its hundred pauses, about 505 ms.
+    const auto replyThere = [&port, count] {
+        return !port.isOpen() || port.inBufferCount() >= count;
+    };
     for (int polls = 0;;) {
-        PauseWithEvents(c, kLinkPause);
+        PauseUntil(c, kLinkPause, port.descriptor(), replyThere);
         // A port closed under the read (switched off, a vanished device) ends it as a timeout.
         if (++polls > kReplyPollLimit || !port.isOpen()) {
             c.s.ReplyTimedOut = true;
@@ -144,7 +158,8 @@ bool ReceiveData(Core& c) {
                 byteCame = true;
                 break;
             }
-            PauseWithEvents(c, kLinkPause);
+            PauseUntil(c, kLinkPause, port.descriptor(),
+                       [&port] { return !port.isOpen() || port.inBufferCount() >= 1; });
         }
         if (!byteCame && c.s.ReceiveBuffer.isEmpty()) {
             CountTimeout(c);

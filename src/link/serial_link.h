@@ -6,8 +6,10 @@
 
 namespace veldor {
 
-// Let pending events run, then sleep. Every wait of the link is this pause.
+// Let pending events run, then sleep with events running. Every wait of the link is this
+// pause, or PauseUntil: the same pause, ended early once ready() holds (see EventPump).
 void PauseWithEvents(Core& c, int milliseconds);
+void PauseUntil(Core& c, int milliseconds, int watch, const std::function<bool()>& ready);
 
 bool CheckFrequencyRange(Core& c, int32_t frequency);
 

@@ -31,6 +31,7 @@ class SystemSerialPort : public SerialPort {
     void setDtr(bool on) override;
     bool rts() const override { return rts_; }
     QString deviceName(const QString& name) const override;
+    int descriptor() const override { return usingSim_ ? -1 : fd_; }
 
   private:
     void applyLines();

@@ -24,11 +24,11 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
-          views_.renderAll();
+          views_.renderSoon();
       }),
       clockTimer_([this] {
           tmrClock_Timer(c_);
-          views_.renderAll();
+          views_.renderSoon();
       }) {
     clockTimer_.setInterval(1000);
     c_.p = Platform{.MSComm1 = &mainPort_,
@@ -46,8 +46,8 @@ Application::Application()
                     .audio = &audio_,
                     .printer = &printer_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
-    // Whatever the core has reached shows before the events of a pause run.
-    pump_.beforeEvents = [this] { views_.renderAll(); };
+    // Whatever the core has reached shows while the link waits, at the pace of the eye.
+    pump_.beforeEvents = [this] { views_.renderSoon(); };
     windows_.add(FormId::frmSettings,
                  [this] { return new SettingsDialog(c_, views_, window_.get()); });
     windows_.add(FormId::frmAbout, [this] { return new AboutDialog(c_, views_, window_.get()); });

@@ -74,9 +74,10 @@ TEST_F(Link, ABusyFlagHoldsASendFor101PausesAtMost) {
 TEST_F(Link, ASendWaitsOnlyUntilTheReadInProgressEnds) {
     h.c.s.ReceiveBusy = true;
     const uint32_t start = h.clock.now;
-    h.pump.at(start + 20, [&] { h.c.s.ReceiveBusy = false; });
+    h.pump.at(start + 22, [&] { h.c.s.ReceiveBusy = false; });
     SendCommand(h.c, 0x03);
-    EXPECT_EQ(port().written.at(0).atMs - start, 25u);
+    // The pause in which the flag came down ends with it.
+    EXPECT_EQ(port().written.at(0).atMs - start, 22u);
 }
 
 TEST_F(Link, SendTextEmptiesTheInputAndIgnoresTheBusyFlags) {
@@ -93,19 +94,30 @@ TEST_F(Link, SendTextEmptiesTheInputAndIgnoresTheBusyFlags) {
 TEST_F(Link, AReplyInPiecesIsCollectedWithinTheHundredPolls) {
     const uint32_t start = h.clock.now;
     port().arrive(start + 12, Bytes({0x01, 0x42}));
-    port().arrive(start + 300, Bytes({0x50, 0x00, 0x01}));
+    port().arrive(start + 303, Bytes({0x50, 0x00, 0x01}));
     ReadResponse(h.c, 5);
     EXPECT_FALSE(h.c.s.ReplyTimedOut);
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0x01, 0x42, 0x50, 0x00, 0x01}));
-    EXPECT_EQ(h.clock.now - start, 300u);
+    // The pause in which the last byte came ends with it; the first bytes end none.
+    EXPECT_EQ(h.clock.now - start, 303u);
     EXPECT_FALSE(h.c.s.ReceiveBusy);
 }
 
-TEST_F(Link, TheShortestReadTakesOnePause) {
-    port().arrive(0, Bytes({0x00}));
-    const uint32_t start = h.clock.now;
-    ReadResponse(h.c, 1);
-    EXPECT_EQ(h.clock.now - start, 5u);
+TEST_F(Link, AReadEndsAsSoonAsItsBytesAreThereAfterTheEventsHaveRun) {
+    struct Case {
+        uint32_t arrivesAfter;
+        uint32_t endsAfter;
+    };
+    for (const Case& k : {Case{0, 0}, Case{3, 3}, Case{5, 5}, Case{7, 7}}) {
+        port().clearInput();
+        const uint32_t start = h.clock.now;
+        const int pumps = h.pump.pumps;
+        port().arrive(start + k.arrivesAfter, Bytes({0x00}));
+        ReadResponse(h.c, 1);
+        EXPECT_FALSE(h.c.s.ReplyTimedOut) << k.arrivesAfter;
+        EXPECT_EQ(h.clock.now - start, k.endsAfter) << k.arrivesAfter;
+        EXPECT_GE(h.pump.pumps - pumps, 1) << k.arrivesAfter;
+    }
 }
 
 TEST_F(Link, ALostReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {

@@ -34,11 +34,14 @@ class VirtualPump : public EventPump {
     explicit VirtualPump(VirtualClock& clock) : clock_(clock) {}
     void at(uint32_t ms, std::function<void()> event) { events_.emplace(ms, std::move(event)); }
     void processEvents() override;
-    void sleep(int milliseconds) override;
+    // Steps the clock a millisecond at a time, running the events due and ending once ready()
+    // holds.
+    void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) override;
     int pumps = 0;
     int sleeps = 0;
 
   private:
+    void runDue();
     VirtualClock& clock_;
     std::multimap<uint32_t, std::function<void()>> events_;
 };
