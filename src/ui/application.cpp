@@ -42,6 +42,7 @@ Application::Application()
                     .launcher = &launcher_,
                     .audio = &audio_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
+    store_.onTrouble = [this](const QString& text) { ReportMessage(c_, text); };
     // Whatever the core has reached shows before the events of a pause run.
     pump_.beforeEvents = [this] { views_.renderAll(); };
     // Until the settings dialog is built, the operator is told where the settings are kept.
