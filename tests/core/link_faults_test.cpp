@@ -111,6 +111,7 @@ struct OutOfStep {
     const char* name;
     QByteArray before;  // waiting in the input when the read is sent
     QByteArray reply;
+    friend void PrintTo(const OutOfStep& o, std::ostream* os) { *os << o.name; }
 };
 
 class BinaryOutOfStep : public ::testing::TestWithParam<OutOfStep> {};
