@@ -63,7 +63,7 @@ TEST_P(Vanishing, TheProgramSaysSoOnceKeepsItsStateAndTakesTheRigAgain) {
     const int opens = line.scriptedPort->opens;
     line.tick();
     EXPECT_EQ(line.scriptedPort->opens, opens + 1);
-    EXPECT_EQ(line.count("is back"), 1);
+    EXPECT_EQ(line.count("is back: taking"), 1);
     line.scriptedPort->written.clear();
     line.c.f.txtVfoA.text.clear();
     for (int i = 0; i < 3; ++i) line.tick();
@@ -138,7 +138,8 @@ INSTANTIATE_TEST_SUITE_P(
     Faults, BinaryOutOfStep,
     ::testing::Values(OutOfStep{"StrayBytes", Bytes({0x70, 0x36, 0, 1, 0xFF, 0x33}),
                                 Bytes({1, 0x42, 0x50, 0, 1})},
-                      OutOfStep{"ImpossibleReply", {}, Bytes({0x70, 0x36, 0, 1, 0xFF})}),
+                      OutOfStep{"ImpossibleReply", {}, Bytes({0x70, 0x36, 0, 1, 0xFF})},
+                      OutOfStep{"ModeByteOfNoMode", {}, Bytes({1, 0x42, 0x50, 0, 5})}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST(BinaryLink, ASendGivesUpOnAnOutputThatNeverDrains) {
