@@ -30,6 +30,9 @@ class NoDialogs : public Dialogs {
     QString saveFileName(const QString&, const QString&, const QString&, int) override {
         return {};
     }
+    QString openFileName(const QString&, const QString&, const QString&, int) override {
+        return {};
+    }
 };
 
 class BenchSystem : public System {

@@ -82,7 +82,8 @@ void InitialiseVariables(Core& c) {
     s.UHFfreq = NumberSetting(c, "UHFfreq", "43300000");
     // 2. Locale characters.
     SetLocaleConstants(s, c.p.system->decimalSeparator());
-    // 3. ColumnHeadings is constant data (catalogue).
+    // 3. ColumnHeadings is constant data (catalogue). Whether the system has a printer.
+    s.PrinterAvailable = c.p.printer && c.p.printer->available();
     // 4. Home folder: a stored folder that has gone is treated as unset.
     s.HomeDir = TextSetting(c, "HomeDir", "");
     if (!s.HomeDir.isEmpty() && !c.p.system->directoryExists(s.HomeDir)) s.HomeDir.clear();

@@ -1,6 +1,7 @@
 #include "cycle/start_stop.h"
 
 #include "basic/basic.h"
+#include "grid/grid.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "memories/scan_ranges.h"
@@ -233,6 +234,11 @@ void Form_Unload(Core& c) {
     // Closing during a long job is ignored: the job keeps the rig.
     if (LongJobRunning(s)) return;
     c.p.tmrPollInterval->setEnabled(false);
+    // The grid window saves its grid and placement as it unloads.
+    if (s.MemoryGridLoaded) {
+        frmCsvMem_Unload(c);
+        if (c.p.windows) c.p.windows->close(FormId::frmCsvMem);
+    }
     ReleaseControl(c);
     if (c.p.MSComm1->isOpen()) c.p.MSComm1->close();
     if (c.p.PttComPort->isOpen()) c.p.PttComPort->close();

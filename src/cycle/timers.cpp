@@ -11,6 +11,7 @@
 #include "accessories/xband_repeat.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
+#include "grid/grid.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
 #include "memories/memory_tag.h"
@@ -47,7 +48,7 @@ void tmrClock_Timer(Core& c) {
         // The last minute flashes.
         if (seconds < 60) counter.backColour = seconds % 2 == 1 ? Red : White;
     }
-    // Opening the memory grid one second after start joins with the grid window.
+    OpenMemoryGridAtStart(c);
 }
 
 void cmdTenMinCounter_Click(Core& c) {
@@ -114,6 +115,7 @@ constexpr PendingAction kPendingActions[] = {
     {&State::PendingFast, ToggleFast},
     {&State::ShiftPending, ApplyRepeaterShift},
     {&State::ModeButtonPending, ApplyModeButton},
+    {&State::SplitMemoryPending, ApplySplitMemory},
     {&State::PendingVfoEqual, VfoEqual},
     {&State::PendingVfoBOff, VfoBOff},
 };

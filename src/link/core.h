@@ -34,6 +34,7 @@ struct Platform {
     RigServer* rigServer = nullptr;  // none: rig sharing is not built in
     Launcher* launcher = nullptr;
     AudioRecorder* audio = nullptr;
+    Printer* printer = nullptr;  // none: nothing can be printed
 };
 
 struct Core {

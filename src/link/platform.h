@@ -111,6 +111,9 @@ class Dialogs {
     // existing file: the program asks its own question.
     virtual QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                                  int filterIndex) = 0;
+    // The open dialog, with the same filter; empty on cancel. The file need not exist.
+    virtual QString openFileName(const QString& title, const QString& folder, const QString& filter,
+                                 int filterIndex) = 0;
 };
 
 // Folders and system facts the program asks about.
@@ -128,6 +131,18 @@ class System {
     virtual void abortProcess() = 0;
     // The system's warning sound: a change refused without a word.
     virtual void beep() {}
+};
+
+// The system's default printer, used as a line printer: plain lines of fixed-pitch text.
+class Printer {
+  public:
+    virtual ~Printer() = default;
+    // Whether the system has a printer at all.
+    virtual bool available() = 0;
+    // The font of the documents to come; false when it cannot be had.
+    virtual bool setFont(const QString& family, int points) = 0;
+    // The lines as one document, ended and sent; false, with the reason, when it could not be.
+    virtual bool print(const QStringList& lines, QString* reason) = 0;
 };
 
 // Starts other programs and does not wait for them.

@@ -3,6 +3,7 @@
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
 #include "ui/dsp_panel.h"
+#include "ui/grid_window.h"
 #include "ui/main_window.h"
 #include "ui/meters_panel.h"
 #include "ui/record_window.h"
@@ -40,7 +41,8 @@ Application::Application()
                     .windows = &windows_,
                     .rigServer = &rigctld_,
                     .launcher = &launcher_,
-                    .audio = &audio_};
+                    .audio = &audio_,
+                    .printer = &printer_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     store_.onTrouble = [this](const QString& text) { ReportMessage(c_, text); };
     // Whatever the core has reached shows before the events of a pause run.
@@ -60,6 +62,7 @@ Application::Application()
     windows_.add(FormId::frmMeters, [this] { return new MetersPanel(c_, views_, window_.get()); });
     windows_.add(FormId::frmSetMemory,
                  [this] { return new SetMemoryDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmCsvMem, [this] { return new GridWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frmScanner,
                  [this] { return new ScannerDialog(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);

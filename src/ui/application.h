@@ -9,6 +9,7 @@
 #include "platform/rigctld_server.h"
 #include "platform/system_serial_port.h"
 #include "ui/qt_dialogs.h"
+#include "ui/qt_printer.h"
 #include "ui/qt_windows.h"
 #include "ui/view_kit.h"
 
@@ -51,6 +52,7 @@ class Application {
     RigctldServer rigctld_{c_};
     ProcessLauncher launcher_;
     QtAudioRecorder audio_;
+    QtPrinter printer_;
     std::unique_ptr<MainWindow> window_;
 };
 

@@ -81,22 +81,42 @@ QString QtDialogs::browseForFolder(const QString& prompt) {
     return QFileDialog::getExistingDirectory(parent ? parent() : nullptr, prompt, QDir::homePath());
 }
 
-QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter,
-                                int filterIndex) {
-    // "Wave Files (*.wav)|*.wav|..." names its patterns in each description already.
+namespace {
+
+// A file dialog of the program's own kind: the same on every desktop, its filter given as
+// description and pattern pairs separated by "|" ("Wave Files (*.wav)|*.wav|..."), each
+// description naming its patterns already.
+QString FileName(QWidget* parent, QFileDialog::AcceptMode mode, const QString& title,
+                 const QString& folder, const QString& filter, int filterIndex) {
     const QStringList parts = filter.split('|');
     QStringList filters;
     for (qsizetype i = 0; i < parts.size(); i += 2) filters.append(parts[i]);
-    QFileDialog dialog(parent ? parent() : nullptr, title, folder);
+    QFileDialog dialog(parent, title, folder);
     dialog.setObjectName("CommonDialog1");
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setAcceptMode(mode);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);  // the same dialog on every desktop
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    // The program tells of a missing file itself.
+    if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilters(filters);
     if (filterIndex >= 1 && filterIndex <= filters.size())
         dialog.selectNameFilter(filters[filterIndex - 1]);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return dialog.selectedFiles().constFirst();
+}
+
+}  // namespace
+
+QString QtDialogs::saveFileName(const QString& title, const QString& folder, const QString& filter,
+                                int filterIndex) {
+    return FileName(parent ? parent() : nullptr, QFileDialog::AcceptSave, title, folder, filter,
+                    filterIndex);
+}
+
+QString QtDialogs::openFileName(const QString& title, const QString& folder, const QString& filter,
+                                int filterIndex) {
+    return FileName(parent ? parent() : nullptr, QFileDialog::AcceptOpen, title, folder, filter,
+                    filterIndex);
 }
 
 bool QtSystem::directoryExists(const QString& path) {

@@ -19,6 +19,8 @@ class QtDialogs : public Dialogs {
     QString browseForFolder(const QString& prompt) override;
     QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                          int filterIndex) override;
+    QString openFileName(const QString& title, const QString& folder, const QString& filter,
+                         int filterIndex) override;
 };
 
 class QtSystem : public System {

@@ -39,6 +39,30 @@ QString ScriptedDialogs::saveFileName(const QString&, const QString& folder, con
     return saveAnswer;
 }
 
+QString ScriptedDialogs::openFileName(const QString&, const QString& folder, const QString&, int) {
+    openFolders.push_back(folder);
+    return openAnswer;
+}
+
+bool ScriptedDialogs::inputBox(const QString& prompt, const QString&, QString* text) {
+    inputPrompts.push_back(prompt);
+    if (inputAnswers.empty()) return false;
+    *text = inputAnswers.front();
+    inputAnswers.pop_front();
+    return true;
+}
+
+bool FakePrinter::setFont(const QString& family, int size) {
+    font = family;
+    points = size;
+    return true;
+}
+
+bool FakePrinter::print(const QStringList& lines, QString*) {
+    documents.push_back(lines);
+    return true;
+}
+
 bool FakeLauncher::start(const QString& commandLine) {
     started.push_back(commandLine);
     return std::find(missing.begin(), missing.end(), commandLine) == missing.end();
@@ -212,7 +236,8 @@ Harness::Harness(bool scriptedMainPort) {
                    .system = &system,
                    .windows = &windows,
                    .launcher = &launcher,
-                   .audio = &audio};
+                   .audio = &audio,
+                   .printer = &printer};
 }
 
 void Harness::setting(const QString& key, const QString& value) {

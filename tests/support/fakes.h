@@ -66,12 +66,31 @@ class ScriptedDialogs : public Dialogs {
     std::vector<QString> folderPrompts;
     QString folderAnswer;  // empty: the operator cancels
     MsgResult messageBox(const QString& text, const QString& title, MsgButtons, MsgIcon) override;
-    bool inputBox(const QString&, const QString&, QString*) override { return false; }
+    // The input boxes shown (their prompts), and the replies typed: none left cancels.
+    std::vector<QString> inputPrompts;
+    std::deque<QString> inputAnswers;
+    bool inputBox(const QString& prompt, const QString&, QString* text) override;
     QString browseForFolder(const QString& prompt) override;
     // The save dialogs shown (their folders), and the name the operator chooses: empty cancels.
     std::vector<QString> saveFolders;
     QString saveAnswer;
     QString saveFileName(const QString&, const QString& folder, const QString&, int) override;
+    // The open dialogs shown (their folders), and the name chosen: empty cancels.
+    std::vector<QString> openFolders;
+    QString openAnswer;
+    QString openFileName(const QString&, const QString& folder, const QString&, int) override;
+};
+
+// A printer that keeps the documents it was given; available unless told otherwise.
+class FakePrinter : public Printer {
+  public:
+    bool present = true;
+    QString font;
+    int points = 0;
+    std::vector<QStringList> documents;
+    bool available() override { return present; }
+    bool setFont(const QString& family, int size) override;
+    bool print(const QStringList& lines, QString* reason) override;
 };
 
 // Settings kept in memory, for runs of millions of inputs where a file per write would cost.
@@ -247,6 +266,7 @@ struct Harness {
     FakeWindows windows;
     FakeLauncher launcher;
     FakeAudio audio{clock};
+    FakePrinter printer;
     std::unique_ptr<SimPort> simPort;
     std::unique_ptr<ScriptedPort> scriptedPort;
     ScriptedPort pttPort{clock};

@@ -7,6 +7,15 @@
 
 namespace veldor {
 
-struct GridState {};
+struct GridState {
+    // A visible row has Scan "Y": the grid window is open and a grid scan can run.
+    bool GridHasScanRows = false;
+    // The grid window is loaded (its rows read, its lists filled).
+    bool MemoryGridLoaded = false;
+    // The export leaves hidden rows out.
+    bool SaveFilteredOnly = false;
+    // The system has a printer.
+    bool PrinterAvailable = false;
+};
 
 }  // namespace veldor

@@ -2,6 +2,7 @@
 
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
+#include "grid/grid.h"
 #include "memories/banks.h"
 #include "memories/memory_tag.h"
 #include "protocol/model_controls.h"
@@ -87,7 +88,8 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
 
     Items(kit, Menu(bar, "mnuView", "&View"),
           {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
-    Items(kit, Menu(bar, "mnuEdit", "&Edit"), {{"mnuAddToGrid", &f.mnuAddToGrid, {}, Qt::Key_F4}});
+    Items(kit, Menu(bar, "mnuEdit", "&Edit"),
+          {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
           {{"mnuConvert", &f.mnuConvert, {}},
            {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});

@@ -3,6 +3,7 @@
 #include "accessories/meters_panel.h"
 #include "accessories/recorder.h"
 #include "accessories/timed_events.h"
+#include "grid/grid.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -15,7 +16,7 @@ QWidget* BuildWindowsGroup(ViewKit& kit, QWidget* parent) {
     Form1& f = kit.core().f;
     auto* box = new QGroupBox("Windows", parent);
     auto* row = new QHBoxLayout(box);
-    row->addWidget(kit.button(box, "cmdCsvMem", f.cmdCsvMem, {}));
+    row->addWidget(kit.button(box, "cmdCsvMem", f.cmdCsvMem, cmdCsvMem_Click));
     row->addWidget(kit.button(box, "cmdRecord", f.cmdRecord, cmdRecord_Click));
     row->addWidget(kit.button(box, "cmdMeters", f.cmdMeters, cmdMeters_Click));
     row->addSpacing(12);

@@ -1,0 +1,84 @@
+// Tuning the simulated rig from a row of the memory grid.
+#include "grid/grid.h"
+#include "link/catalogue.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace veldor::test {
+namespace {
+
+struct Tuned : OnAir {
+    explicit Tuned(const QString& rig) : OnAir(rig) { frmCsvMem_Load(c); }
+    void goTo(std::array<QString, GridCols> cells) {
+        MemoryGrid& g = c.frmCsvMem.grdMemories;
+        g.rows[1].cells = std::move(cells);
+        g.Row = 1;
+        mnuGoTo_Click(c);
+        tick();
+        tick();
+    }
+    sim::RigState& state() { return rig().state(); }
+};
+
+TEST(GridGoTo, TunesSimplexRepeaterToneAndSplitRows) {
+    Tuned st(RigFT817);
+    st.goTo(
+        {"1", "145.50000", "FM", "Simplex", ".60000", "", "", "", "Freq", "Calling", "Y", "0", ""});
+    EXPECT_EQ(st.state().frequencyHz, 145500000);
+    EXPECT_EQ(st.state().mode, "FM");
+    EXPECT_EQ(st.state().shift, "0");
+    EXPECT_EQ(st.c.f.txtMemoryTag.text, "Calling");
+
+    st.goTo({"1", "145.60000", "FM", "Minus", ".60000", "", "CTCSS Enc", "88.5", "Freq", "", "Y",
+             "0", ""});
+    EXPECT_EQ(st.state().frequencyHz, 145600000);
+    EXPECT_EQ(st.state().shift, "-");
+    EXPECT_EQ(st.state().offsetHz, 600000);
+    EXPECT_EQ(st.state().toneDeciHz, 885);
+    EXPECT_EQ(st.state().toneMode, "encode");
+
+    // A split pair: the transmit side on VFO B, the receive side on A, split on.
+    Tuned split(RigFT920);
+    split.goTo(
+        {"1", "14.20000", "USB", "Split", "14.25000", "CW", "", "", "Freq", "", "Y", "0", ""});
+    EXPECT_EQ(split.state().frequencyHz, 14200000);
+    EXPECT_EQ(split.state().mode, "USB");
+    EXPECT_EQ(split.state().vfoBHz, 14250000);
+    EXPECT_FALSE(split.state().vfoB);
+    EXPECT_TRUE(split.state().split);
+}
+
+TEST(GridGoTo, OffsetsUpTo7600KilohertzAndRefusals) {
+    Tuned st(RigFT817);
+    const struct {
+        const char* offset;
+        const char* expected;
+    } cases[] = {{".60000", "600"}, {"7.60000", "7600"}, {"7.70000", "600"}, {"", "600"}};
+    for (const auto& t : cases) {
+        MemoryGrid& g = st.c.frmCsvMem.grdMemories;
+        g.rows[1].cells = {"1",     "145.60000", "FM", "Plus", t.offset, "", "CTCSS Enc",
+                           "999.9", "Freq",      "",   "Y",    "0",      ""};
+        st.c.s.TargetOffset = "0";
+        mnuGoTo_Click(st.c);
+        EXPECT_EQ(st.c.s.TargetOffset, t.expected) << t.offset;
+        EXPECT_EQ(st.c.s.ToneCode, " 0");  // a tone the rig lacks tunes with the first
+    }
+    // A shift the grid's words do not name ("PLUS" from a file) leaves the last one.
+    st.c.frmCsvMem.grdMemories.rows[1].cells[3] = "PLUS";
+    st.c.s.TargetShift = "-";
+    mnuGoTo_Click(st.c);
+    EXPECT_EQ(st.c.s.TargetShift, "-");
+
+    Tuned off(RigFT450);
+    off.goTo({"1", "14.20000", "USB", "Split", "14.25000", "CW", "", "", "Freq", "", "Y", "0", ""});
+    EXPECT_FALSE(off.state().split);
+    EXPECT_NE(off.state().frequencyHz, 14200000);
+    off.switchOff();
+    off.c.f.txtMemoryTag.text = "before";
+    off.goTo({"1", "7.00000", "LSB", "Simplex", "", "", "", "", "Freq", "after", "Y", "0", ""});
+    EXPECT_EQ(off.c.f.txtMemoryTag.text, "before");
+}
+
+}  // namespace
+}  // namespace veldor::test
