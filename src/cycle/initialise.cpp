@@ -148,6 +148,11 @@ void InitialiseVariables(Core& c) {
     // Rig sharing: off unless the operator turns it on; loopback unless told otherwise.
     s.RigctldEnabled = TextSetting(c, "RigctldEnabled", "N");
     s.RigctldPort = NumberSetting(c, "RigctldPort", "4532");
+    if (s.RigctldPort < 1 || s.RigctldPort > 65535) {
+        ReportMessage(c, "RigctldPort=" + QString::number(s.RigctldPort) +
+                             " in the settings is no TCP port: rig sharing uses 4532");
+        s.RigctldPort = 4532;
+    }
     s.RigctldAddress = TextSetting(c, "RigctldAddress", "127.0.0.1").trimmed();
     // 17. Memory tag, tuning steps and mouse steps.
     s.ShowMemoryTag = TextSetting(c, "ShowMemoryTag", "N") == "Y";

@@ -101,7 +101,10 @@ void chkOnOff_Click(Core& c) {
         return;
     }
     s.FrequencyChangePending = false;
+    s.PortLost = false;
+    s.TextTimeoutsInRow = 0;
     if (f.chkOnOff.value == 1) {
+        s.OutOfStepNoted = false;
         if (s.RigType == RigNotSet) {
             Form_DblClick(c);
             SetChkOnOff(c, 0);
@@ -177,6 +180,28 @@ void TakeControl(Core& c) {
     }
     SaveSetting(c, s.AppName, "CurrentValues", "Status", "Active");
     c.p.tmrPollInterval->setEnabled(true);
+}
+
+void RecoverLink(Core& c) {
+    State& s = c.s;
+    SerialPort& port = *c.p.MSComm1;
+    // Quietly: while the device is away this runs at every tick.
+    OpenPorts(c, s.CommPort, s.CommSpeed, true);
+    if (!port.isOpen()) {
+        if (s.PortLost) return;
+        s.PortLost = true;
+        ReportMessage(c, "COM Port " + s.CommPort +
+                             " has gone away (the device was unplugged or failed). VELDOR "
+                             "will take the rig again when it is back.");
+        SaveSetting(c, s.AppName, "CurrentValues", "Status", "InActive");
+        return;
+    }
+    if (s.PortLost) {
+        s.PortLost = false;
+        ReportMessage(c, "COM Port " + s.CommPort + " is back: taking the rig again.");
+    }
+    s.TextTimeoutsInRow = 0;
+    TakeControl(c);
 }
 
 void ReleaseControl(Core& c) {

@@ -158,11 +158,12 @@ bool PollTick(Core& c) {
         if (s.PendingXBand) ShowXBandRepeat(c);
     }
     if (s.SettingsRequested) Form_DblClick(c);
-    // Recovery from a lost binary reply: reopen the port and take the rig anew.
-    if (c.f.chkOnOff.value == 1 && s.ReplyTimedOut) {
-        OpenPorts(c, s.CommPort, s.CommSpeed);
-        TakeControl(c);
-    }
+    // Recovery from a lost binary reply: reopen the port and take the rig anew. The same after
+    // a run of lost text replies and when the port went away under the link (departures: the
+    // text rig was never recovered, and a vanished device was never found again).
+    if (c.f.chkOnOff.value == 1 && (s.ReplyTimedOut || !c.p.MSComm1->isOpen() ||
+                                    s.TextTimeoutsInRow >= kTextTimeoutsBeforeRecovery))
+        RecoverLink(c);
     SaveCurrentValues(c, c.f.txtVfoA.text, c.f.txtMode.text);
     c.p.pump->processEvents();
     return true;

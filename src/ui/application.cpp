@@ -46,6 +46,7 @@ Application::Application()
                     .audio = &audio_,
                     .printer = &printer_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
+    store_.onTrouble = [this](const QString& text) { ReportMessage(c_, text); };
     // Whatever the core has reached shows while the link waits, at the pace of the eye.
     pump_.beforeEvents = [this] { views_.renderSoon(); };
     windows_.add(FormId::frmSettings,

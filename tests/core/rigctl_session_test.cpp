@@ -376,11 +376,19 @@ TEST(RigctlProtocol, AnyBytesGetAnAnswerPerLineAndLeaveTheLinkWorking) {
     EXPECT_EQ(st.rig().state().frequencyHz, 7074000);
 }
 
-TEST(RigctlProtocol, AClientThatFloodsIsLetGo) {
+// Reads cost the rig nothing: a burst of them is answered, also behind a write. Writes that
+// pile up behind a write are what a client is let go for.
+TEST(RigctlProtocol, ABurstOfReadsIsAnsweredAndAFloodOfWritesIsLetGo) {
     Shared st(RigFT817);
-    QByteArray lines = "F 7074000\n";
-    for (int i = 0; i < RigctlQueueLimit + 1; ++i) lines += "f\n";
-    EXPECT_EQ(st.say(lines), "");
+    QByteArray reads;
+    for (int i = 0; i < 1000; ++i) reads += "f\n";
+    EXPECT_EQ(st.say(reads).count("14250000\n"), 1000);
+    EXPECT_EQ(st.say("F 7074000\n" + reads), "");
+    EXPECT_FALSE(st.session.closing);
+    EXPECT_EQ(st.afterTick().count("\n"), 1001);
+    QByteArray writes;
+    for (int i = 0; i < RigctlQueueLimit + 2; ++i) writes += "F 7074000\n";
+    EXPECT_EQ(st.say(writes), "");
     EXPECT_TRUE(st.session.closing);
     EXPECT_EQ(st.say("f\n"), "");
 }

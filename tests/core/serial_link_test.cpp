@@ -221,13 +221,14 @@ TEST_F(Link, ASilentRigCostsAbout125MsAndEmptiesTheInput) {
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
 }
 
-TEST_F(Link, AFragmentWaitsForItsEndWithoutALimit) {
+// A fragment waits for its end while its bytes keep coming, each within half a second.
+TEST_F(Link, AFragmentWaitsForItsEndWhileItsBytesKeepComing) {
     const uint32_t start = h.clock.now;
     port().arrive(start + 2, "FA0142");
-    port().arrive(start + 5000, "50000;");
+    port().arrive(start + 400, "500");
+    port().arrive(start + 800, "00;");
     EXPECT_TRUE(ReceiveData(h.c));
     EXPECT_EQ(h.c.s.TextReply, "FA014250000;");
-    EXPECT_GE(h.clock.now - start, 5000u);
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
 }
 
@@ -240,13 +241,12 @@ TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
     EXPECT_FALSE(h.c.s.TextResyncNeeded);
 }
 
-TEST_F(Link, APortThatVanishesUnderATextReadEndsItWithTheErrorBox) {
+// The tick tells of the port once; the read shows no box of its own.
+TEST_F(Link, APortThatVanishesUnderATextReadEndsItWithoutABox) {
     h.c.s.ReceiveBuffer = "FA01";
     h.pump.at(h.clock.now + 50, [&] { port().close(); });
     EXPECT_FALSE(ReceiveData(h.c));
-    ASSERT_EQ(h.dialogs.messages.size(), 1u);
-    EXPECT_TRUE(
-        h.dialogs.messages[0].text.endsWith("in procedure ReceiveData of Module ZantikoGeneral"));
+    EXPECT_TRUE(h.dialogs.messages.empty());
 }
 
 TEST_F(Link, GarbageOfAnyLengthNeverHangsTheTextReader) {

@@ -7,12 +7,15 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
@@ -190,6 +193,38 @@ TEST(SystemPort, ARestartOnTheSameDeviceKeepsItOpenAndEmptiesTheInput) {
     port.close();
     EXPECT_TRUE(watched());  // the watch does see a closing
     ::close(watch);
+}
+
+// An adapter pulled out: the port closes at the hang-up, and never spins on it. Put back, it
+// comes as another device, found again by its stable name.
+TEST(SystemPort, AVanishedDeviceClosesThePortAndIsFoundAgainByItsStableName) {
+    QTemporaryDir byId;
+    auto first = std::make_unique<Pty>();
+    const QString stable = byId.path() + "/usb-FTDI_FT232R_A1B2C3-if00-port0";
+    ASSERT_TRUE(QFile::link(first->name, stable));
+    VirtualClock clock;
+    SystemSerialPort port(
+        clock, [] { return QString("FT817"); }, byId.path());
+    const QString name = first->name;
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, nullptr));
+    Pty second;  // the adapter back, under another number
+    first.reset();
+    QElapsedTimer spent;
+    spent.start();
+    port.output(QByteArray(4096, 'x'));
+    for (int i = 0; i < 100 && port.isOpen(); ++i) {
+        port.outBufferCount();
+        port.inBufferCount();
+    }
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_LT(spent.elapsed(), 500);
+
+    QFile::remove(stable);
+    ASSERT_TRUE(QFile::link(second.name, stable));
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, nullptr));
+    ASSERT_EQ(::write(second.master, "\x42", 1), 1);
+    for (int tries = 0; port.inBufferCount() < 1 && tries < 200; ++tries) QThread::msleep(5);
+    EXPECT_EQ(port.input(0), "\x42");
 }
 
 }  // namespace

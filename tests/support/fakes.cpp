@@ -223,6 +223,7 @@ void ScriptedPort::output(const QByteArray& bytes) {
 
 Harness::Harness(bool scriptedMainPort) {
     store = std::make_unique<IniStore>(dir.path());
+    store->onTrouble = [this](const QString& text) { ReportMessage(c, text); };
     SerialPort* main = nullptr;
     if (scriptedMainPort) {
         scriptedPort = std::make_unique<ScriptedPort>(clock);

@@ -7,6 +7,7 @@
 #include "platform/serial_settings.h"
 #include "platform/sim_port.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <deque>
@@ -93,6 +94,32 @@ class FakePrinter : public Printer {
     bool available() override { return present; }
     bool setFont(const QString& family, int size) override;
     bool print(const QStringList& lines, QString* reason) override;
+};
+
+// Settings kept in memory, for runs of millions of inputs where a file per write would cost.
+class MemoryStore : public SettingsStore {
+  public:
+    QString get(const QString& appName, const QString& section, const QString& key,
+                const QString& defaultValue) override {
+        return values_.value(id(appName, section) + key.toUpper(), defaultValue);
+    }
+    void save(const QString& appName, const QString& section, const QString& key,
+              const QString& value) override {
+        values_.insert(id(appName, section) + key.toUpper(), value);
+    }
+    QList<QPair<QString, QString>> getAll(const QString& appName, const QString& section) override {
+        QList<QPair<QString, QString>> all;
+        const QString prefix = id(appName, section);
+        for (auto it = values_.cbegin(); it != values_.cend(); ++it)
+            if (it.key().startsWith(prefix)) all.append({it.key().mid(prefix.size()), it.value()});
+        return all;
+    }
+
+  private:
+    static QString id(const QString& appName, const QString& section) {
+        return (appName + '\n' + section + '\n').toUpper();
+    }
+    QMap<QString, QString> values_;
 };
 
 // Programs started: each command line, and whether it started (all do, but those named in
@@ -216,7 +243,9 @@ class ScriptedPort : public SerialPort {
     void clearInput() override;
     QByteArray input(int maxBytes) override;
     void output(const QByteArray& bytes) override;
-    int outBufferCount() override { return 0; }
+    // Tests of outBufferCount that find the output still waiting (a device that takes nothing).
+    int undrainedTests = 0;
+    int outBufferCount() override { return undrainedTests > 0 ? (--undrainedTests, 5) : 0; }
     void setRts(bool on) override { calls.push_back(QString("rts %1").arg(rtsLine = on)); }
     void setDtr(bool on) override { calls.push_back(QString("dtr %1").arg(dtrLine = on)); }
     bool rts() const override { return rtsLine; }
