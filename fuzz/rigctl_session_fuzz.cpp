@@ -1,4 +1,5 @@
 // A client of rig sharing sends any bytes, in chunks of any size, to a connected FT-817.
+#include "link/catalogue.h"
 #include "sharing/rigctl_session.h"
 #include "support/fakes.h"
 

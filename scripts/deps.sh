@@ -2,7 +2,7 @@
 # Sourced by scripts/test and scripts/run.
 veldor_packages=(cmake ninja-build g++ qt6-base-dev qt6-multimedia-dev libgtest-dev
                  libhamlib-utils librsvg2-bin dpkg-dev desktop-file-utils appstream man-db
-                 pulseaudio)
+                 pulseaudio clang libclang-rt-dev)
 
 veldor_install_missing() {
     local missing=()

@@ -98,6 +98,13 @@ int16_t CInt(double x) {
     return RoundHalfEven<int16_t>(x);
 }
 
+bool BooleanText(const QString& text) {
+    const QString t = text.trimmed();
+    if (t.compare("True", Qt::CaseInsensitive) == 0) return true;
+    if (t.compare("False", Qt::CaseInsensitive) == 0) return false;
+    return Val(t) != 0;
+}
+
 bool IsNumeric(const QString& text) {
     const QString t = text.trimmed();
     if (t.isEmpty()) return false;

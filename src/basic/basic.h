@@ -20,6 +20,8 @@ double Int(double x);
 // Conversion to a whole number: nearest, half to even. Values beyond the type saturate.
 int32_t CLng(double x);
 int16_t CInt(double x);
+// A stored boolean: the platform's "True" and "False", or a number (non-zero is true).
+bool BooleanText(const QString& text);
 // Whether the text reads as a number in the system's locale.
 bool IsNumeric(const QString& text);
 // A number in a pattern such as "000", "00000000", "###.00000", "##0.00000" or "#.0": 0 is a

@@ -6,6 +6,7 @@
 #include "memories/banks.h"
 #include "memories/memory_tag.h"
 #include "memories/scan_ranges.h"
+#include "scan/scan_engine.h"
 #include "shell/customise.h"
 #include "tuning/bands.h"
 #include "tuning/delays.h"
@@ -16,14 +17,6 @@ namespace veldor {
 
 namespace {
 
-// A stored boolean: the platform's "True" and "False", or a number (non-zero is true).
-bool BooleanText(const QString& text) {
-    const QString t = text.trimmed();
-    if (t.compare("True", Qt::CaseInsensitive) == 0) return true;
-    if (t.compare("False", Qt::CaseInsensitive) == 0) return false;
-    return basic::Val(t) != 0;
-}
-
 int NumberSetting(Core& c, const QString& key, const QString& defaultValue) {
     return basic::CLng(basic::Val(GetSetting(c, c.s.AppName, "Settings", key, defaultValue)));
 }
@@ -33,7 +26,7 @@ QString TextSetting(Core& c, const QString& key, const QString& defaultValue) {
 }
 
 bool BoolSetting(Core& c, const QString& key, bool defaultValue) {
-    return BooleanText(TextSetting(c, key, defaultValue ? "True" : "False"));
+    return basic::BooleanText(TextSetting(c, key, defaultValue ? "True" : "False"));
 }
 
 void SetLocaleConstants(State& s, QChar systemMark) {
@@ -138,6 +131,8 @@ void InitialiseVariables(Core& c) {
     s.UseSquelch = BoolSetting(c, "UseSquelch", true);
     s.HangDelay = NumberSetting(c, "HangDelay", "4");
     s.HangDelayOnSignalLoss = BoolSetting(c, "HangDelayOnSignalLoss", true);
+    ShowHangDelayTicks(c);
+    ShowScanSpeedTicks(c);
     c.p.tmrPollInterval->setInterval((6 - s.TalkFreq) * 26);
     // 15. The signal threshold.
     c.f.pbarGotSignal.value = std::clamp(NumberSetting(c, "GotSignal", "3"), c.f.pbarGotSignal.min,
@@ -153,6 +148,11 @@ void InitialiseVariables(Core& c) {
     // Rig sharing: off unless the operator turns it on; loopback unless told otherwise.
     s.RigctldEnabled = TextSetting(c, "RigctldEnabled", "N");
     s.RigctldPort = NumberSetting(c, "RigctldPort", "4532");
+    if (s.RigctldPort < 1 || s.RigctldPort > 65535) {
+        ReportMessage(c, "RigctldPort=" + QString::number(s.RigctldPort) +
+                             " in the settings is no TCP port: rig sharing uses 4532");
+        s.RigctldPort = 4532;
+    }
     s.RigctldAddress = TextSetting(c, "RigctldAddress", "127.0.0.1").trimmed();
     // 17. Memory tag, tuning steps and mouse steps.
     s.ShowMemoryTag = TextSetting(c, "ShowMemoryTag", "N") == "Y";

@@ -8,6 +8,7 @@
 #include "protocol/read_frequency.h"
 #include "protocol/read_signal.h"
 #include "protocol/tones.h"
+#include "scan/spectrum.h"
 #include "tuning/steps.h"
 
 #include <algorithm>
@@ -146,6 +147,7 @@ void PerformStatusUpdate(Core& c) {
     // The next reading is due PollingDelay after the end of the last one.
     if (s.PollingDelay != 0 && static_cast<int32_t>(s.NextPollTime - c.p.clock->milliseconds()) > 0)
         return;
+    ApplySpectrumCursor(c);
     ReadFrequencyAndMode(c);
     ReadStatus(c);
     ReadSignal(c);

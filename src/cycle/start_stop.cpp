@@ -1,5 +1,7 @@
 #include "cycle/start_stop.h"
 
+#include <QDir>
+
 #include "basic/basic.h"
 #include "grid/grid.h"
 #include "link/catalogue.h"
@@ -7,6 +9,8 @@
 #include "memories/scan_ranges.h"
 #include "protocol/read_frequency.h"
 #include "shell/customise.h"
+#include "shell/screen_size.h"
+#include "shell/settings_dialog.h"
 #include "tuning/go_to.h"
 
 namespace veldor {
@@ -29,7 +33,11 @@ void SaveSettingsKey(Core& c, const QString& key, const QString& value) {
 
 void Form_Load(Core& c, const QString& commandLine) {
     State& s = c.s;
-    s.HelpFile = c.p.system->programFolder() + "/VELDOR.chm";
+    // The manual stands beside the program in the build, and under share/doc when installed.
+    const QString folder = c.p.system->programFolder();
+    s.HelpFile = c.p.system->directoryExists(folder + "/manual")
+                     ? folder + "/manual/index.html"
+                     : QDir::cleanPath(folder + "/../share/doc/veldor/manual/index.html");
     // One installation, several independent configurations: "/CONFIG=name" selects a store.
     s.AppName = "VELDOR";
     s.ConfigName.clear();
@@ -47,6 +55,7 @@ void Form_Load(Core& c, const QString& commandLine) {
                            .arg(VELDOR_VERSION_REVISION);
     c.f.caption = s.ProgramVersion + " " + s.AppName + " ";
     if (configGiven) c.f.caption += "  " + s.ConfigName;
+    if (!SetScreenSize(c)) return;
     CustomiseForms(c);
 
     // Placement: a position stored on a larger screen, or a negative one, starts at 0, 0.
@@ -92,7 +101,10 @@ void chkOnOff_Click(Core& c) {
         return;
     }
     s.FrequencyChangePending = false;
+    s.PortLost = false;
+    s.TextTimeoutsInRow = 0;
     if (f.chkOnOff.value == 1) {
+        s.OutOfStepNoted = false;
         if (s.RigType == RigNotSet) {
             Form_DblClick(c);
             SetChkOnOff(c, 0);
@@ -170,6 +182,28 @@ void TakeControl(Core& c) {
     c.p.tmrPollInterval->setEnabled(true);
 }
 
+void RecoverLink(Core& c) {
+    State& s = c.s;
+    SerialPort& port = *c.p.MSComm1;
+    // Quietly: while the device is away this runs at every tick.
+    OpenPorts(c, s.CommPort, s.CommSpeed, true);
+    if (!port.isOpen()) {
+        if (s.PortLost) return;
+        s.PortLost = true;
+        ReportMessage(c, "COM Port " + s.CommPort +
+                             " has gone away (the device was unplugged or failed). VELDOR "
+                             "will take the rig again when it is back.");
+        SaveSetting(c, s.AppName, "CurrentValues", "Status", "InActive");
+        return;
+    }
+    if (s.PortLost) {
+        s.PortLost = false;
+        ReportMessage(c, "COM Port " + s.CommPort + " is back: taking the rig again.");
+    }
+    s.TextTimeoutsInRow = 0;
+    TakeControl(c);
+}
+
 void ReleaseControl(Core& c) {
     State& s = c.s;
     c.p.tmrPollInterval->setEnabled(false);
@@ -188,20 +222,23 @@ void ReleaseControl(Core& c) {
 void SaveCurrentValues(Core& c, const QString& frequency, const QString& mode) {
     const QString app = c.s.AppName;
     const QDateTime now = c.p.clock->localNow();
-    SaveSetting(c, app, "CurrentValues", "Frequency", frequency);
-    SaveSetting(c, app, "CurrentValues", "Mode", mode);
-    SaveSetting(c, app, "CurrentValues", "Date", now.toString("yyyy/MM/dd"));
-    SaveSetting(c, app, "CurrentValues", "Time", now.toString("HH:mm:ss"));
-    SaveSetting(c, app, "CurrentValues", "RigType", c.s.RigType);
-    SaveSetting(c, app, "CurrentValues", "GotSignal", c.s.SignalPresent ? "True" : "False");
+    // One write of the store for the record, and none when nothing in it changed.
+    SaveSettings(c, app, "CurrentValues",
+                 {{"Frequency", frequency},
+                  {"Mode", mode},
+                  {"Date", now.toString("yyyy/MM/dd")},
+                  {"Time", now.toString("HH:mm:ss")},
+                  {"RigType", c.s.RigType},
+                  {"GotSignal", c.s.SignalPresent ? "True" : "False"}});
 }
 
 void Form_DblClick(Core& c) {
     if (LongJobRunning(c.s)) return;
     c.s.SettingsRequested = false;
-    c.p.tmrPollInterval->setEnabled(false);
+    frmSettings_Load(c);
     c.p.windows->show(FormId::frmSettings, true);
-    if (c.s.RigType != RigNotSet && c.f.chkOnOff.value == 1) c.p.tmrPollInterval->setEnabled(true);
+    // The dialog has closed: the main window takes the size it was given.
+    if (c.s.ScreenSizeChanged) SetScreenSize(c);
 }
 
 void Form_Unload(Core& c) {

@@ -18,6 +18,12 @@ void SetChkOnOff(Core& c, int value);
 
 void TakeControl(Core& c);
 void ReleaseControl(Core& c);
+// The end of a tick whose link failed: a lost binary reply, a run of lost text replies, or a
+// port gone under the link. Reopens the port and takes the rig anew; a port that cannot be had
+// is told of once and tried again at every tick, until the device is back under its name.
+void RecoverLink(Core& c);
+// Text replies lost in a row before the FT-450's link is recovered as a binary rig's is.
+constexpr int kTextTimeoutsBeforeRecovery = 3;
 void SaveCurrentValues(Core& c, const QString& frequency, const QString& mode);
 
 void ChooseHomeDir(Core& c);

@@ -10,6 +10,7 @@
 #include "accessories/timed_events.h"
 #include "accessories/xband_repeat.h"
 #include "cycle/poll_cycle.h"
+#include "cycle/shell_menus.h"
 #include "cycle/start_stop.h"
 #include "grid/grid.h"
 #include "link/catalogue.h"
@@ -20,6 +21,8 @@
 #include "protocol/tones.h"
 #include "protocol/transmit.h"
 #include "protocol/write_frequency.h"
+#include "scan/scan_engine.h"
+#include "scan/spectrum.h"
 #include "tuning/go_to.h"
 
 namespace veldor {
@@ -74,6 +77,7 @@ constexpr PendingAction kPendingActions[] = {
     {&State::PendingMetersPanel, ToggleMetersPanel},
     {&State::PendingDspPanel, ToggleDspPanel},
     {&State::GoToPending, ApplyGoTo},
+    {&State::PendingConvert, OpenConvert},
     {&State::PendingFT920Tuner, ToggleFt920Tuner},
     {&State::PendingFT920StartTune, StartFt920Tune},
     {&State::PttOffPending, PttOff},
@@ -141,17 +145,25 @@ bool PollTick(Core& c) {
             if (!row.flag || s.*(row.flag)) row.action(c);
         if (s.FrequencyChangePending) ChangeFrequency(c);
         if (c.p.rigServer) c.p.rigServer->requestsServed();
-        // The scan and the sweep join here with their steps.
-        if (!s.ScanRunning && !s.SpectrumRunning && !s.StatusUpdateHeld) PerformStatusUpdate(c);
+        // A running scan feeds the display itself; a held one shows live status.
+        if (s.ScanRunning && !s.ScanHold) {
+            ScanStep(c);
+            ScanCheckSignal(c);
+        } else if (!s.SpectrumMouseDown && !s.SpectrumRunning && !s.StatusUpdateHeld) {
+            PerformStatusUpdate(c);
+        }
+        if (s.PendingSpectrumStart) SpectrumStart(c);
+        if (s.SpectrumRunning) SpectrumStep(c);
         // The cross-band repeater's window owns the port while it is open.
         if (s.PendingXBand) ShowXBandRepeat(c);
     }
     if (s.SettingsRequested) Form_DblClick(c);
-    // Recovery from a lost binary reply: reopen the port and take the rig anew.
-    if (c.f.chkOnOff.value == 1 && s.ReplyTimedOut) {
-        OpenPorts(c, s.CommPort, s.CommSpeed);
-        TakeControl(c);
-    }
+    // Recovery from a lost binary reply: reopen the port and take the rig anew. The same after
+    // a run of lost text replies and when the port went away under the link (departures: the
+    // text rig was never recovered, and a vanished device was never found again).
+    if (c.f.chkOnOff.value == 1 && (s.ReplyTimedOut || !c.p.MSComm1->isOpen() ||
+                                    s.TextTimeoutsInRow >= kTextTimeoutsBeforeRecovery))
+        RecoverLink(c);
     SaveCurrentValues(c, c.f.txtVfoA.text, c.f.txtMode.text);
     c.p.pump->processEvents();
     return true;
@@ -173,6 +185,12 @@ void tmrPollInterval_Timer(Core& c) {
         if (dynamic_cast<const std::bad_alloc*>(&e)) {
             number = 7;
             description = "Out of memory";
+        } else if (dynamic_cast<const std::overflow_error*>(&e)) {
+            number = 6;
+            description = "Overflow";
+        } else if (dynamic_cast<const std::domain_error*>(&e)) {
+            number = 11;
+            description = "Division by zero";
         } else if (dynamic_cast<const std::out_of_range*>(&e)) {
             number = 9;
             description = "Subscript out of range";

@@ -76,5 +76,9 @@ QList<QPair<QString, QString>> GetAllSettings(Core& c, const QString& appName,
 // The messages log.
 void ReportMessage(Core& c, const QString& text);
 void frmErrorList_Unload(Core& c);
+void frmErrorList_cmdClearMessages_Click(Core& c);
+// Puts the whole log on the clipboard, after a stamp line of date, time and version.
+void frmErrorList_cmdCopyToClipboard_Click(Core& c);
+void frmErrorList_cmdClose_Click(Core& c);
 
 }  // namespace veldor

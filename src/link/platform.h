@@ -45,6 +45,9 @@ class SerialPort {
     // The device a stored port name stands for: a bare number is the system's n-th port, a
     // link is the device it leads to. Two names with the same device name the same port.
     virtual QString deviceName(const QString& name) const = 0;
+    // The system's descriptor that turns readable when input comes, for a wait to wake on;
+    // -1 when the port has none (a simulated rig), and then a wait looks each millisecond.
+    virtual int descriptor() const { return -1; }
 };
 
 // Milliseconds since an arbitrary start (timeGetTime), and the wall clock.
@@ -56,13 +59,17 @@ class Clock {
     virtual QDateTime localNow() = 0;
 };
 
-// The wait of the link: let pending events run, then sleep. In tests the sleep advances a
-// virtual clock and runs the events registered for that moment.
+// The wait of the link. processEvents lets the pending events run; a sleep goes on letting
+// events run as they come (a click, a client of rig sharing), and sleepUntil ends as soon as
+// ready() holds: it is asked after every event, when input comes on the descriptor watch, and
+// each millisecond when watch is -1. In tests the sleep advances a virtual clock and runs the
+// events registered for each moment it passes.
 class EventPump {
   public:
     virtual ~EventPump() = default;
     virtual void processEvents() = 0;
-    virtual void sleep(int milliseconds) = 0;
+    void sleep(int milliseconds) { sleepUntil(milliseconds, -1, {}); }
+    virtual void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) = 0;
 };
 
 // A repeating timer; the program reads and sets its period and whether it runs.
@@ -111,6 +118,10 @@ class Dialogs {
     // existing file: the program asks its own question.
     virtual QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                                  int filterIndex) = 0;
+    // A message that needs no answer and holds nothing up; a box by default.
+    virtual void notice(const QString& text, const QString& title) {
+        messageBox(text, title, MsgButtons::OK, MsgIcon::Information);
+    }
     // The open dialog, with the same filter; empty on cancel. The file need not exist.
     virtual QString openFileName(const QString& title, const QString& folder, const QString& filter,
                                  int filterIndex) = 0;
@@ -131,6 +142,18 @@ class System {
     virtual void abortProcess() = 0;
     // The system's warning sound: a change refused without a word.
     virtual void beep() {}
+    // The serial ports the system has, each by its stable name with the description the
+    // system gives of it ("" where it gives none).
+    virtual QList<QPair<QString, QString>> serialPorts() { return {}; }
+    // Logical pixels per inch of the screen: 96 for small fonts.
+    virtual int logicalDpi() { return 96; }
+    // Opens a document or web address with the desktop's own handler; false when none could.
+    virtual bool openDocument(const QString& pathOrAddress) {
+        (void)pathOrAddress;
+        return false;
+    }
+    // Empties the clipboard and puts the text on it.
+    virtual void setClipboardText(const QString& text) { (void)text; }
 };
 
 // The system's default printer, used as a line printer: plain lines of fixed-pitch text.

@@ -11,11 +11,22 @@ constexpr int kLinkPause = 5;         // ms: the timing base of the link
 constexpr int kBusyWaitLimit = 101;   // pauses before a send or read proceeds regardless
 constexpr int kReplyPollLimit = 100;  // polls of a binary reply before it counts as lost
 constexpr int kTextWaitTests = 25;    // tests for the first byte of a text reply
+// Rounds of kTextWaitTests without a new byte that a text fragment waits for its ";": about
+// half a second, as long as a lost binary reply.
+constexpr int kFragmentWaitRounds = 4;
+// Tests of the output buffer before a send gives up on it; the system's port waits up to 10 ms
+// for room at each test, so about a second.
+constexpr int kDrainTestLimit = 100;
 
-// A busy flag is only a courtesy: after about half a second the caller goes on regardless.
+bool LinkBusy(const Core& c) {
+    return c.s.ReceiveBusy || c.s.SendBusy;
+}
+
+// A busy flag is only a courtesy: after about half a second the caller goes on regardless. A
+// pause ends early once the flags are down.
 void WaitForLink(Core& c) {
-    for (int pauses = 0; (c.s.ReceiveBusy || c.s.SendBusy) && pauses < kBusyWaitLimit; ++pauses)
-        PauseWithEvents(c, kLinkPause);
+    for (int pauses = 0; LinkBusy(c) && pauses < kBusyWaitLimit; ++pauses)
+        PauseUntil(c, kLinkPause, -1, [&c] { return !LinkBusy(c); });
 }
 
 QString PortUnavailableText(const QString& prefix, const QString& port) {
@@ -36,6 +47,11 @@ void PauseWithEvents(Core& c, int milliseconds) {
     c.p.pump->sleep(milliseconds);
 }
 
+void PauseUntil(Core& c, int milliseconds, int watch, const std::function<bool()>& ready) {
+    c.p.pump->processEvents();
+    c.p.pump->sleepUntil(milliseconds, watch, ready);
+}
+
 bool CheckFrequencyRange(Core& c, int32_t frequency) {
     const bool inRange = InRigRanges(c.s.RigType, frequency);
     c.s.FrequencyOutOfRange = !inRange;
@@ -51,7 +67,12 @@ void SendCommand(Core& c, uint8_t opcode) {
     if (!port.isOpen()) return;
     WaitForLink(c);
     c.s.SendBusy = true;
-    if (c.s.ClearBuffer == "Y") port.clearInput();
+    if (c.s.ClearBuffer == "Y")
+        port.clearInput();
+    else if (port.inBufferCount() > 0)
+        // Departure: bytes waiting before a command answer nothing it asks. Left there they
+        // would shift every reply after them for good, so they go as with ClearBuffer "Y".
+        Realign(c, "bytes no command had asked for were waiting");
     c.s.CommandBytes[4] = opcode;
     // The whole command delay while scanning, so the rig settles between retunes; a quarter
     // of it otherwise, which keeps an ordinary poll quick.
@@ -62,8 +83,11 @@ void SendCommand(Core& c, uint8_t opcode) {
         return;
     }
     port.output(QByteArray(reinterpret_cast<const char*>(c.s.CommandBytes.data()), 5));
-    // Five bytes leave in a few milliseconds: spin on purpose, without pumping events.
-    while (port.isOpen() && port.outBufferCount() > 0) {
+    // Five bytes leave in a few milliseconds: spin on purpose, without pumping events. But not
+    // without end: a device that takes nothing (gone, or held by its handshake) ends the spin,
+    // and the read that follows times out.
+    for (int tests = 0; tests < kDrainTestLimit && port.isOpen() && port.outBufferCount() > 0;
+         ++tests) {
     }
     c.s.SendBusy = false;
 }
@@ -87,6 +111,14 @@ void CountTimeout(Core& c) {
     }
 }
 
+void Realign(Core& c, const QString& why) {
+    c.p.MSComm1->clearInput();
+    if (c.s.OutOfStepNoted) return;
+    c.s.OutOfStepNoted = true;
+    ReportMessage(c, "The rig's replies were out of step (" + why +
+                         "): the input was emptied to bring them back in step");
+}
+
 void ReadResponse(Core& c, int count) {
     SerialPort& port = *c.p.MSComm1;
     WaitForLink(c);
@@ -96,9 +128,13 @@ void ReadResponse(Core& c, int count) {
     }
     c.s.ReceiveBusy = true;
     c.s.ReplyTimedOut = false;
-    // The pause comes before the first test: the shortest read takes 5 ms, a lost one 505 ms.
+    // The pause comes before each test, and ends as soon as the whole reply is there (or the
+    // port has gone): a lost reply still takes its hundred pauses, about 505 ms.
+    const auto replyThere = [&port, count] {
+        return !port.isOpen() || port.inBufferCount() >= count;
+    };
     for (int polls = 0;;) {
-        PauseWithEvents(c, kLinkPause);
+        PauseUntil(c, kLinkPause, port.descriptor(), replyThere);
         // A port closed under the read (switched off, a vanished device) ends it as a timeout.
         if (++polls > kReplyPollLimit || !port.isOpen()) {
             c.s.ReplyTimedOut = true;
@@ -129,30 +165,31 @@ bool ReceiveData(Core& c) {
         c.s.TextResyncNeeded = false;
         c.s.ReceiveBuffer.clear();
     }
-    for (;;) {
+    for (int quietRounds = 0;;) {
         bool byteCame = false;
         for (int tests = 0; tests < kTextWaitTests; ++tests) {
-            if (!port.isOpen()) {
-                // The port went away under the read (switched off, or the device vanished).
-                c.p.dialogs->messageBox(
-                    "Error 8018 (Operation valid only when the port is open) in procedure "
-                    "ReceiveData of Module ZantikoGeneral",
-                    "VELDOR", MsgButtons::OK, MsgIcon::Critical);
-                return false;
-            }
+            // The port went away under the read (switched off, or the device vanished): the
+            // tick finds it closed and tells of it once.
+            if (!port.isOpen()) return false;
             if (port.inBufferCount() >= 1) {
                 byteCame = true;
                 break;
             }
-            PauseWithEvents(c, kLinkPause);
+            PauseUntil(c, kLinkPause, port.descriptor(),
+                       [&port] { return !port.isOpen() || port.inBufferCount() >= 1; });
         }
-        if (!byteCame && c.s.ReceiveBuffer.isEmpty()) {
+        quietRounds = byteCame ? 0 : quietRounds + 1;
+        // Departure: a fragment without its ";" (a reply cut short, a noise byte that took the
+        // ";" of a rejection with it, a device gone in mid-reply) waits for more only so long.
+        // Without a limit the poll would stop for good on one lost byte.
+        if (quietRounds > 0 &&
+            (c.s.ReceiveBuffer.isEmpty() || quietRounds >= kFragmentWaitRounds)) {
             CountTimeout(c);
+            ++c.s.TextTimeoutsInRow;
+            c.s.ReceiveBuffer.clear();
             port.clearInput();
             return false;
         }
-        // A fragment without its ";" keeps this read waiting for as long as nothing more
-        // arrives, with the event pump running: there is deliberately no upper limit.
         c.s.ReceiveBuffer += QString::fromLatin1(port.input(0));
 
         // The rig's rejection answer.
@@ -163,6 +200,7 @@ bool ReceiveData(Core& c) {
         }
         const qsizetype end = c.s.ReceiveBuffer.indexOf(';');
         if (end >= 0) {
+            c.s.TextTimeoutsInRow = 0;
             c.s.TextReply = c.s.ReceiveBuffer.left(end + 1);
             c.s.ReceiveBuffer.remove(0, end + 1);
             return true;
@@ -174,7 +212,7 @@ bool ReceiveData(Core& c) {
 // open on the same device in place, so that the recovery after a lost reply, which reopens at
 // every tick while the link is dead, never lets the lines go up. For the same reason the extra
 // PTT port is opened once, without a trial opening to ask whether it can be had.
-void OpenPorts(Core& c, const QString& port, const QString& speed) {
+void OpenPorts(Core& c, const QString& port, const QString& speed, bool quietly) {
     SerialPort& main = *c.p.MSComm1;
     c.s.CommPort = port;
     bool rtsCts = false;
@@ -184,6 +222,7 @@ void OpenPorts(Core& c, const QString& port, const QString& speed) {
     }
     QString reason;
     if (!main.open(port, speed, rtsCts, {c.s.RaiseRTS == "Y", c.s.RaiseDTR == "Y"}, &reason)) {
+        if (quietly) return;
         ReportMessage(c, "COM Port " + port + ": " + reason);
         ShowMessage(c, PortUnavailableText("COM Port ", port));
         return;
@@ -206,7 +245,7 @@ void OpenPorts(Core& c, const QString& port, const QString& speed) {
         return;
     }
     // At rest: the PTT lines are low until the TX/RX button keys them.
-    if (!ptt.open(c.s.ExtraPttPort, speed, false, {}, &reason)) {
+    if (!ptt.open(c.s.ExtraPttPort, speed, false, {}, &reason) && !quietly) {
         ReportMessage(c, "PTT COM Port " + c.s.ExtraPttPort + ": " + reason);
         ShowMessage(c, PortUnavailableText("PTT COM Port ", c.s.ExtraPttPort));
     }
@@ -224,7 +263,7 @@ void PutBcdDigits(Core& c, int32_t value) {
 void PrepareFrequency(Core& c, int32_t& frequency) {
     const RigInfo* rig = FindRig(c.s.RigType);
     const LinkFamily family = rig ? rig->family : LinkFamily::None;
-    if (family == LinkFamily::Binary && c.s.SpectrumDragging) {
+    if (family == LinkFamily::Binary && c.s.SpectrumMouseDown) {
         const int32_t step = c.s.VR5000Step;
         frequency = basic::CLng(frequency + step / 2.0) / step * step;
     }

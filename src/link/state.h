@@ -78,8 +78,6 @@ struct State : TuningState,
     bool SpectrumRunning = false;
     bool ScanRunning = false;
     bool SignalPresent = false;
-    // While the operator drags on the spectrum, VR-5000 frequencies snap to the step.
-    bool SpectrumDragging = false;
 
     // Serial link.
     std::array<uint8_t, 5> CommandBytes{};
@@ -90,6 +88,13 @@ struct State : TuningState,
     QString TextReply;
     QString ReceiveBuffer;
     bool TextResyncNeeded = false;
+    // Text replies lost in a row: a run of them reopens the port, as a lost binary reply does.
+    int TextTimeoutsInRow = 0;
+    // The port went away under a running link (a device unplugged, a port in error); the tick
+    // tries it again, quietly, until it is back.
+    bool PortLost = false;
+    // Replies found out of step have been told of in this connection.
+    bool OutOfStepNoted = false;
     QString LastTextCommand;
     QString ClearBuffer = "N";
     QString CommPort = "1";

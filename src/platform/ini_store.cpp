@@ -1,9 +1,16 @@
 #include "platform/ini_store.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
+
+#include <cerrno>
+
+#include <unistd.h>
 
 namespace veldor {
 
@@ -70,65 +77,147 @@ QString IniStore::fileOf(const QString& appName) const {
     return folder_ + "/" + appName + ".ini";
 }
 
+namespace {
+
+// The settings file's text in whatever form an editor left it: UTF-16 by its byte-order mark
+// or by its zero bytes, UTF-8 when it is valid UTF-8, and Latin-1 otherwise (every byte is a
+// Latin-1 character, so nothing is lost).
+QString DecodeSettingsText(const QByteArray& data) {
+    if (auto bom = QStringConverter::encodingForData(data)) {
+        QStringDecoder decoder(*bom);
+        return decoder.decode(data);
+    }
+    if (data.size() >= 2 && (data[0] == '\0') != (data[1] == '\0')) {
+        QStringDecoder decoder(data[0] == '\0' ? QStringConverter::Utf16BE
+                                               : QStringConverter::Utf16LE);
+        return decoder.decode(data);
+    }
+    QStringDecoder utf8(QStringConverter::Utf8);
+    const QString text = utf8.decode(data);
+    return utf8.hasError() ? QString::fromLatin1(data) : text;
+}
+
+// A temporary file left by a write that was cut off (the program killed in mid-write): the
+// settings file's name, a dot and six characters, and a minute old, so that a write of
+// another instance in progress is left alone.
+void RemoveLeftoverTemporaries(const QString& path) {
+    const QFileInfo settings(path);
+    const QDir folder = settings.dir();
+    const QDateTime aMinuteAgo = QDateTime::currentDateTimeUtc().addSecs(-60);
+    for (const QFileInfo& f :
+         folder.entryInfoList({settings.fileName() + ".??????"}, QDir::Files | QDir::Hidden))
+        if (!f.isSymLink() && f.lastModified().toUTC() < aMinuteAgo) QFile::remove(f.filePath());
+}
+
+}  // namespace
+
+void IniStore::tell(const QString& text) {
+    if (onTrouble)
+        onTrouble(text);
+    else
+        qWarning("VELDOR: %s", qPrintable(text));
+}
+
+void IniStore::tellWriteFailure(const QString& text) {
+    if (writeFailureTold_) return;
+    writeFailureTold_ = true;
+    tell(text);
+}
+
+// Only a regular file of a sane size is read: a named pipe in its place would hang the start,
+// a link to a device would be read without end.
+IniStore::Document IniStore::load(const QString& path) {
+    Document doc;
+    RemoveLeftoverTemporaries(path);
+    const QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink()) return doc;
+    QString why;
+    QByteArray data;
+    if (!info.exists())
+        why = "it is a link to nothing";
+    else if (!info.isFile())
+        why = "it is not a regular file";
+    else if (info.size() > kSizeLimit)
+        why = QString("it is larger than %1 MB").arg(kSizeLimit / (1024 * 1024));
+    if (why.isEmpty()) {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly)) {
+            data = file.read(kSizeLimit + 1);
+            if (data.size() > kSizeLimit) why = "it is too large";
+        } else {
+            why = file.errorString();
+        }
+    }
+    if (!why.isEmpty()) {
+        doc.unreadable = true;
+        tell("The settings file " + path + " cannot be read (" + why +
+             "): VELDOR runs on its defaults and will not write over it.");
+        return doc;
+    }
+    const QString text = DecodeSettingsText(data);
+    Section* current = nullptr;
+    QHash<QString, size_t> sectionIndex;
+    for (QStringView line : QStringView(text).split('\n')) {
+        line = line.trimmed();
+        if (line.startsWith('[') && line.endsWith(']') && line.size() >= 2) {
+            const QString name = line.mid(1, line.size() - 2).trimmed().toString();
+            const QString id = name.toUpper();
+            auto found = sectionIndex.constFind(id);
+            if (found == sectionIndex.constEnd()) {
+                found = sectionIndex.insert(id, doc.sections.size());
+                doc.sections.push_back(Section{name, {}, {}});
+            }
+            current = &doc.sections[*found];
+            continue;
+        }
+        const qsizetype eq = line.indexOf('=');
+        if (!current || eq <= 0) continue;
+        const QString key = line.left(eq).trimmed().toString();
+        const QString value = UnescapeIniValue(line.mid(eq + 1).trimmed().toString());
+        put(*current, key, value);
+    }
+    return doc;
+}
+
 IniStore::Document& IniStore::document(const QString& appName) {
     const QString id = appName.toUpper();
     auto it = cache_.find(id);
     if (it != cache_.end()) return *it;
-    Document doc;
-    QFile file(fileOf(appName));
-    if (file.open(QIODevice::ReadOnly)) {
-        const QString text = QString::fromUtf8(file.readAll());
-        Section* current = nullptr;
-        for (QStringView line : QStringView(text).split('\n')) {
-            line = line.trimmed();
-            if (line.startsWith('[') && line.endsWith(']') && line.size() >= 2) {
-                const QString name = line.mid(1, line.size() - 2).trimmed().toString();
-                current = nullptr;
-                for (Section& s : doc)
-                    if (SameKey(s.name, name)) current = &s;
-                if (!current) current = &doc.emplace_back(Section{name, {}});
-                continue;
-            }
-            const qsizetype eq = line.indexOf('=');
-            if (!current || eq <= 0) continue;
-            const QString key = line.left(eq).trimmed().toString();
-            const QString value = UnescapeIniValue(line.mid(eq + 1).trimmed().toString());
-            auto found = std::find_if(current->entries.begin(), current->entries.end(),
-                                      [&](const auto& e) { return SameKey(e.first, key); });
-            if (found == current->entries.end())
-                current->entries.push_back({key, value});
-            else
-                found->second = value;
-        }
-    }
-    return *cache_.insert(id, std::move(doc));
+    return *cache_.insert(id, load(fileOf(appName)));
 }
 
 QString IniStore::get(const QString& appName, const QString& section, const QString& key,
                       const QString& defaultValue) {
-    for (const Section& s : document(appName)) {
+    for (const Section& s : document(appName).sections) {
         if (!SameKey(s.name, section)) continue;
-        for (const auto& [k, v] : s.entries)
-            if (SameKey(k, key)) return v;
+        const auto found = s.index.constFind(key.toUpper());
+        if (found != s.index.constEnd()) return s.entries[*found].second;
     }
     return defaultValue;
 }
 
-bool IniStore::put(Document& doc, const QString& section, const QString& key,
-                   const QString& value) {
-    auto s = std::find_if(doc.begin(), doc.end(),
-                          [&](const Section& x) { return SameKey(x.name, section); });
-    if (s == doc.end()) s = doc.insert(doc.end(), Section{section, {}});
-    auto e = std::find_if(s->entries.begin(), s->entries.end(),
-                          [&](const auto& x) { return SameKey(x.first, key); });
-    if (e == s->entries.end()) {
-        s->entries.push_back({key, value});
+bool IniStore::put(Section& s, const QString& key, const QString& value) {
+    const QString id = key.toUpper();
+    const auto found = s.index.constFind(id);
+    if (found == s.index.constEnd()) {
+        s.index.insert(id, s.entries.size());
+        s.entries.push_back({key, value});
         return true;
     }
+    QString& stored = s.entries[*found].second;
     // The poll writes the rig's values on every tick; most of them have not changed.
-    if (e->second == value) return false;
-    e->second = value;
+    if (stored == value) return false;
+    stored = value;
     return true;
+}
+
+bool IniStore::put(Document& doc, const QString& section, const QString& key,
+                   const QString& value) {
+    auto s = std::find_if(doc.sections.begin(), doc.sections.end(),
+                          [&](const Section& x) { return SameKey(x.name, section); });
+    if (s == doc.sections.end())
+        s = doc.sections.insert(doc.sections.end(), Section{section, {}, {}});
+    return put(*s, key, value);
 }
 
 void IniStore::save(const QString& appName, const QString& section, const QString& key,
@@ -147,31 +236,46 @@ void IniStore::saveAll(const QString& appName, const QString& section,
 
 QList<QPair<QString, QString>> IniStore::getAll(const QString& appName, const QString& section) {
     QList<QPair<QString, QString>> all;
-    for (const Section& s : document(appName))
+    for (const Section& s : document(appName).sections)
         if (SameKey(s.name, section))
             for (const auto& entry : s.entries) all.append(entry);
     return all;
 }
 
+// A temporary file renamed over the old one, and only when every byte reached the disk: a
+// crash or a full disk never leaves a torn or empty file, and the old one stays.
 void IniStore::write(const QString& appName, const Document& doc) {
+    const QString path = fileOf(appName);
+    if (doc.unreadable) {
+        tellWriteFailure("Settings are not saved: " + path + " could not be read.");
+        return;
+    }
     QString text;
-    for (const Section& s : doc) {
+    for (const Section& s : doc.sections) {
         text += "[" + s.name + "]\n";
         for (const auto& [k, v] : s.entries) text += k + "=" + EscapeIniValue(v) + "\n";
         text += "\n";
     }
+    const QByteArray bytes = text.toUtf8();
     QDir().mkpath(folder_);
-    // A temporary file renamed over the old one: a crash never leaves a torn file.
-    QSaveFile file(fileOf(appName));
+    QSaveFile file(path);
+    QString failure;
     if (!file.open(QIODevice::WriteOnly)) {
-        qWarning("VELDOR: cannot write %s: %s", qPrintable(file.fileName()),
-                 qPrintable(file.errorString()));
+        failure = file.errorString();
+    } else if (file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0) {
+        failure =
+            file.error() != QFileDevice::NoError ? file.errorString() : qt_error_string(errno);
+        file.cancelWriting();
+        file.commit();  // removes the temporary file
+    } else if (!file.commit()) {
+        failure = file.errorString();
+    }
+    if (!failure.isEmpty()) {
+        tellWriteFailure("Settings could not be saved to " + path + " (" + failure +
+                         "); the file keeps its earlier values.");
         return;
     }
-    file.write(text.toUtf8());
-    if (!file.commit())
-        qWarning("VELDOR: cannot write %s: %s", qPrintable(file.fileName()),
-                 qPrintable(file.errorString()));
+    writeFailureTold_ = false;
     ++writes_;
 }
 

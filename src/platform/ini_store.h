@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 namespace veldor {
@@ -31,22 +32,39 @@ class IniStore : public SettingsStore {
     // How many times the file was written (a save of an unchanged value writes nothing).
     int writes() const { return writes_; }
 
+    // Where the store tells the operator what it could not read or write (the messages
+    // window). A failed write is told once, until a write succeeds again.
+    std::function<void(const QString&)> onTrouble;
+
+    // A larger settings file is not read: no settings file grows this big.
+    static constexpr qint64 kSizeLimit = 16 * 1024 * 1024;
+
   private:
     struct Section {
         QString name;
         std::vector<QPair<QString, QString>> entries;  // key as first written, value
+        QHash<QString, size_t> index;                  // upper-cased key to its entry
     };
-    using Document = std::vector<Section>;
+    struct Document {
+        std::vector<Section> sections;
+        // The file is there but could not be read: writing would lose what it holds.
+        bool unreadable = false;
+    };
 
     Document& document(const QString& appName);
     // Puts the value in the document; false when it was there already.
+    static bool put(Section& s, const QString& key, const QString& value);
     static bool put(Document& doc, const QString& section, const QString& key,
                     const QString& value);
     void write(const QString& appName, const Document& doc);
+    Document load(const QString& path);
+    void tell(const QString& text);
+    void tellWriteFailure(const QString& text);
 
     QString folder_;
     QHash<QString, Document> cache_;  // by upper-cased application name
     int writes_ = 0;
+    bool writeFailureTold_ = false;
 };
 
 // The text of a document and back; any bytes parse, lines that are neither a section nor a

@@ -1,6 +1,7 @@
 #include "platform/rigctld_server.h"
 
 #include <QHostAddress>
+#include <QPointer>
 #include <QTcpSocket>
 
 namespace veldor {
@@ -55,7 +56,23 @@ void RigctldServer::accept() {
 }
 
 void RigctldServer::send(Client& client, const QByteArray& bytes) {
+    if (client.dropped) return;
     if (!bytes.isEmpty()) client.socket->write(bytes);
+    // A client that sends and never reads would have its replies kept without end. It is let
+    // go; queued, since the caller may be walking the list of clients.
+    if (client.socket->bytesToWrite() > RigctlUnreadLimit) {
+        client.dropped = true;
+        ReportMessage(c_, "Rig sharing: " + client.name + " does not read its replies");
+        const QPointer<QTcpSocket> socket = client.socket;
+        QMetaObject::invokeMethod(
+            this,
+            [this, socket] {
+                for (auto& c : clients_)
+                    if (socket && c->socket == socket) return leave(c.get());
+            },
+            Qt::QueuedConnection);
+        return;
+    }
     // Goodbye once the reply is out; disconnectFromHost lets the written bytes go first. It
     // is queued, since it may tell of the leaving at once, and the client is then gone from
     // the list that a caller may be walking.

@@ -35,6 +35,7 @@ class RigctldServer : public QObject, public RigServer {
         QTcpSocket* socket;
         QString name;
         RigctlSession session;
+        bool dropped = false;  // let go for not reading; leaves at the next event
     };
     void accept();
     void send(Client& client, const QByteArray& bytes);

@@ -2,6 +2,9 @@
 
 #include "platform/serial_settings.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <cerrno>
 
 #include <fcntl.h>
@@ -85,8 +88,22 @@ QString Reason(int error, const QString& device) {
 
 }  // namespace
 
-SystemSerialPort::SystemSerialPort(Clock& clock, std::function<QString()> rigType)
-    : sim_(clock, std::move(rigType)) {}
+SystemSerialPort::SystemSerialPort(Clock& clock, std::function<QString()> rigType,
+                                   QString stableNames)
+    : sim_(clock, std::move(rigType)), stableNames_(std::move(stableNames)) {}
+
+namespace {
+
+// The link in the folder of stable names that leads to the device, if there is one.
+QString StableNameOf(const QString& folder, const QString& device) {
+    const QString target = QFileInfo(device).canonicalFilePath();
+    if (target.isEmpty()) return {};
+    for (const QFileInfo& link : QDir(folder).entryInfoList(QDir::System | QDir::Files))
+        if (link.isSymLink() && link.canonicalFilePath() == target) return link.filePath();
+    return {};
+}
+
+}  // namespace
 
 SystemSerialPort::~SystemSerialPort() {
     close();
@@ -110,8 +127,13 @@ bool SystemSerialPort::open(const QString& name, const QString& settings, bool r
         return false;
     }
     rtsCts_ = rtsCtsHandshake;
-    const QString device = SystemPortName(name.trimmed());
-    if (fd_ >= 0 && device == device_) {
+    QString device = SystemPortName(name.trimmed());
+    // A device that vanished (an unplugged USB adapter) is found again by its stable name,
+    // whichever /dev/ttyUSBn it came back as.
+    const bool sameName = name.trimmed() == lastName_;
+    if (fd_ < 0 && sameName && !stableName_.isEmpty() && QFileInfo::exists(stableName_))
+        device = stableName_;
+    if (fd_ >= 0 && (device == device_ || sameName)) {
         // Restarted in place: the device is not let go, so its lines do not move.
         in_.clear();
         out_.clear();
@@ -127,6 +149,8 @@ bool SystemSerialPort::open(const QString& name, const QString& settings, bool r
         applyLines();
         device_ = device;
         ::ioctl(fd_, TIOCEXCL);  // no other program opens it while it is ours
+        lastName_ = name.trimmed();
+        stableName_ = StableNameOf(stableNames_, device);
     }
     if (!Configure(fd_, *line, rtsCts_, reason)) {
         if (reason && reason->isEmpty()) *reason = Reason(errno, device);
@@ -234,7 +258,9 @@ int SystemSerialPort::outBufferCount() {
     drainOutput();
     if (fd_ >= 0 && !out_.isEmpty()) {
         pollfd writable{fd_, POLLOUT, 0};
-        ::poll(&writable, 1, 10);
+        // A hang-up or an error is not waited out: the device has gone, the port closes.
+        if (::poll(&writable, 1, 10) > 0 && (writable.revents & (POLLHUP | POLLERR | POLLNVAL)))
+            close();
         drainOutput();
     }
     return static_cast<int>(out_.size());

@@ -13,7 +13,10 @@ namespace veldor {
 
 class SystemSerialPort : public SerialPort {
   public:
-    SystemSerialPort(Clock& clock, std::function<QString()> rigType);
+    // stableNames: the folder of the system's stable names of serial devices, links that
+    // follow a USB adapter to whichever /dev/ttyUSBn it comes back as.
+    SystemSerialPort(Clock& clock, std::function<QString()> rigType,
+                     QString stableNames = "/dev/serial/by-id");
     ~SystemSerialPort() override;
     SystemSerialPort(const SystemSerialPort&) = delete;
     SystemSerialPort& operator=(const SystemSerialPort&) = delete;
@@ -31,6 +34,7 @@ class SystemSerialPort : public SerialPort {
     void setDtr(bool on) override;
     bool rts() const override { return rts_; }
     QString deviceName(const QString& name) const override;
+    int descriptor() const override { return usingSim_ ? -1 : fd_; }
 
   private:
     void applyLines();
@@ -41,8 +45,11 @@ class SystemSerialPort : public SerialPort {
     bool usingSim_ = false;
     int fd_ = -1;
     QString device_;  // the device fd_ is open on
-    QByteArray in_;   // read from the device and not yet taken
-    QByteArray out_;  // given to output() and not yet taken by the driver
+    QString stableNames_;
+    QString lastName_;    // the name last opened
+    QString stableName_;  // its device's stable name, if it has one
+    QByteArray in_;       // read from the device and not yet taken
+    QByteArray out_;      // given to output() and not yet taken by the driver
     bool rtsCts_ = false;
     bool rts_ = false;
     bool dtr_ = false;

@@ -164,8 +164,16 @@ void ReadBcdRig(Core& c) {
         return;
     }
     s.BadFrequencyCount = 0;
-    ShowFrequency(c, s.FrequencyText.toInt());
-    ShowMode(c, BcdRigMode(ReplyByte(c, 4)));
+    const int32_t frequency = s.FrequencyText.toInt();
+    const QString mode = BcdRigMode(ReplyByte(c, 4));
+    // Departure: good digits on a frequency the rig cannot tune, or a mode byte of no mode, are
+    // a reply read out of step (bytes of two replies); shown, they would stay wrong for good.
+    if (!InRigRanges(s.RigType, frequency) || !IsKnownMode(mode)) {
+        Realign(c, "the rig reported " + s.FrequencyText + " and mode " + mode);
+        return;
+    }
+    ShowFrequency(c, frequency);
+    ShowMode(c, mode);
 }
 
 void ReadFt450(Core& c) {

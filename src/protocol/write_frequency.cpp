@@ -202,10 +202,10 @@ void WriteFrequency(Core& c, int32_t& frequency, QString* mode) {
     }
 
     // A tone goes on before the frequency changes, unless the decoder was on already; it
-    // always goes off after the change.
+    // always goes off after the change. A frequency alone (a scan or sweep step) sends none.
     bool lateTone = false;
     bool toneOffAfter = false;
-    if (rig != RigFRG100 && rig != RigVR5000 && rig != RigFT1000MP) {
+    if (mode && rig != RigFRG100 && rig != RigVR5000 && rig != RigFT1000MP) {
         const QString toneState = s.ToneCode + s.ToneEncode + s.ToneDecode;
         if (toneState != s.LastToneState) {
             lateTone = s.LastToneState.endsWith('1');

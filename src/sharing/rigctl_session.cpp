@@ -163,6 +163,8 @@ Outcome SetSplit(Core& c, const QStringList& args) {
     if (VfoLetterOf(c, args[1]).isEmpty()) return Code(RigctlInvalid);
     if (!LinkRunning(c)) return Code(RigctlLinkDown);
     if (!c.f.chkSplit.visible) return Code(RigctlNotAvailable);
+    // A sweep holds the split box, as it does for the operator.
+    if (!c.f.chkSplit.enabled) return Code(RigctlRefused);
     if (c.f.chkSplit.value == split) return Code(RigctlOk);
     c.f.chkSplit.value = split;
     chkSplit_Click(c);
@@ -178,7 +180,8 @@ Outcome GetLevel(Core& c, const QStringList& args) {
 }
 
 Outcome GetPowerstat(Core& c, const QStringList&) {
-    return Values({c.f.chkOnOff.value == 1 ? "1" : "0"});
+    // A rig whose port has gone away is reported off until it is back.
+    return Values({LinkRunning(c) ? "1" : "0"});
 }
 
 Outcome Zero(Core&, const QStringList&) {
@@ -347,11 +350,27 @@ QByteArray Finish(RigctlSession& session, int code) {
     return out;
 }
 
+// Whether a line would cost the rig a command: a write, or a command not known (which is
+// refused and costs nothing, so counted as a read).
+bool CostsTheRig(const QByteArray& line) {
+    static const QRegularExpression blanks("\\s+");
+    QStringList words = QString::fromLatin1(line).split(blanks, Qt::SkipEmptyParts);
+    if (words.isEmpty()) return false;
+    QString word = words[0];
+    if (word.size() > 1 && QStringLiteral("+;|,").contains(word[0])) word.remove(0, 1);
+    const Command* command = FindCommand(word);
+    return command && !command->read;
+}
+
 // Serves the lines in turn until one waits for the tick.
 QByteArray Drain(Core& c, RigctlSession& session) {
     QByteArray out;
-    while (!session.waitingFor && !session.closing && !session.queue.isEmpty())
-        out += Serve(c, session, session.queue.takeFirst());
+    while (!session.waitingFor && !session.closing && !session.queue.isEmpty()) {
+        const QByteArray line = session.queue.takeFirst();
+        session.queuedBytes -= line.size();
+        if (CostsTheRig(line)) --session.queuedWrites;
+        out += Serve(c, session, line);
+    }
     return out;
 }
 
@@ -367,6 +386,7 @@ QByteArray FailIfStuck(Core& c, RigctlSession& session) {
 
 QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& bytes) {
     if (session.closing) return {};
+    QByteArray out;
     qsizetype start = 0;
     while (start < bytes.size()) {
         const qsizetype end = bytes.indexOf('\n', start);
@@ -378,14 +398,18 @@ QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& byte
         QByteArray line = std::move(session.partial);
         session.partial.clear();
         if (line.endsWith('\r')) line.chop(1);
-        if (session.queue.size() >= RigctlQueueLimit) {
-            session.closing = true;  // a client that floods the server is let go
-            return {};
-        }
-        session.queue.append(line);
         start = end + 1;
+        if (CostsTheRig(line)) ++session.queuedWrites;
+        session.queuedBytes += line.size();
+        session.queue.append(std::move(line));
+        // A client that floods the server behind a write is let go.
+        if (session.queuedWrites > RigctlQueueLimit || session.queuedBytes > RigctlQueueByteLimit) {
+            session.closing = true;
+            return out;
+        }
+        out += Drain(c, session);
     }
-    return Drain(c, session);
+    return out;
 }
 
 QByteArray RigctlRequestsServed(Core& c, RigctlSession& session) {

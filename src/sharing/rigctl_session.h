@@ -12,8 +12,10 @@
 namespace veldor {
 
 struct RigctlSession {
-    QByteArray partial;       // received bytes that do not yet end a line, up to the limit
-    QList<QByteArray> queue;  // whole lines behind a write that waits for the tick
+    QByteArray partial;         // received bytes that do not yet end a line, up to the limit
+    QList<QByteArray> queue;    // whole lines behind a write that waits for the tick
+    qsizetype queuedBytes = 0;  // the bytes of those lines
+    int queuedWrites = 0;       // those of them that would cost the rig a command
     // The write in progress: the request the tick has still to serve, since when, and the
     // first lines of its reply.
     bool State::*waitingFor = nullptr;
@@ -23,9 +25,14 @@ struct RigctlSession {
     bool closing = false;    // the client has said goodbye, or flooded the server
 };
 
-// The longest line served, and the most lines kept behind a write in progress.
+// The longest line served. Lines are served as they come; behind a write in progress they
+// wait, and a client is let go when it has more writes waiting than this, or more bytes: reads
+// cost the rig nothing, so only their memory is bounded.
 inline constexpr int RigctlLineLimit = 4096;
-inline constexpr int RigctlQueueLimit = 1000;
+inline constexpr int RigctlQueueLimit = 100;
+inline constexpr qsizetype RigctlQueueByteLimit = 256 * 1024;
+// Replies a client has not read: past this it is let go, since it will not read.
+inline constexpr qint64 RigctlUnreadLimit = 1024 * 1024;
 // A write the tick has not carried out by then is answered as timed out.
 inline constexpr uint32_t RigctlWriteLimitMs = 5000;
 

@@ -1,4 +1,5 @@
 #include "link/core.h"
+#include "shell/about.h"
 
 namespace veldor {
 
@@ -20,6 +21,27 @@ void ReportMessage(Core& c, const QString& text) {
 
 void frmErrorList_Unload(Core& c) {
     c.frmErrorList.visible = false;
+}
+
+void frmErrorList_cmdClearMessages_Click(Core& c) {
+    c.frmErrorList.txtErrors.text.clear();
+}
+
+void frmErrorList_cmdCopyToClipboard_Click(Core& c) {
+    const QDateTime now = c.p.clock->localNow();
+    // As it has always been built: no blank between the time and the title, two before the V.
+    ReportMessage(c, "Copied to Clipboard " + now.toString("yyyy/MM/dd") + " " +
+                         now.toString("HH:mm:ss") + ApplicationTitle + " " +
+                         QString(" V%1.%2.%3")
+                             .arg(VELDOR_VERSION_MAJOR)
+                             .arg(VELDOR_VERSION_MINOR)
+                             .arg(VELDOR_VERSION_REVISION) +
+                         "\r\n");
+    c.p.system->setClipboardText(c.frmErrorList.txtErrors.text);
+}
+
+void frmErrorList_cmdClose_Click(Core& c) {
+    frmErrorList_Unload(c);
 }
 
 }  // namespace veldor

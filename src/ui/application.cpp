@@ -2,6 +2,8 @@
 
 #include "cycle/start_stop.h"
 #include "sharing/rig_sharing.h"
+#include "ui/about_dialog.h"
+#include "ui/convert_window.h"
 #include "ui/dsp_panel.h"
 #include "ui/grid_window.h"
 #include "ui/main_window.h"
@@ -9,10 +11,10 @@
 #include "ui/record_window.h"
 #include "ui/scanner_dialog.h"
 #include "ui/set_memory_dialog.h"
+#include "ui/settings_dialog.h"
 #include "ui/xband_window.h"
 
 #include <QCoreApplication>
-#include <QMessageBox>
 
 namespace veldor {
 
@@ -22,11 +24,11 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
-          views_.renderAll();
+          views_.renderSoon();
       }),
       clockTimer_([this] {
           tmrClock_Timer(c_);
-          views_.renderAll();
+          views_.renderSoon();
       }) {
     clockTimer_.setInterval(1000);
     c_.p = Platform{.MSComm1 = &mainPort_,
@@ -44,16 +46,12 @@ Application::Application()
                     .audio = &audio_,
                     .printer = &printer_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
-    // Whatever the core has reached shows before the events of a pause run.
-    pump_.beforeEvents = [this] { views_.renderAll(); };
-    // Until the settings dialog is built, the operator is told where the settings are kept.
-    windows_.add(FormId::frmSettings, [this] {
-        auto* box = new QMessageBox(
-            QMessageBox::Information, "Settings",
-            "Settings are kept in\n" + IniStore::defaultFolder() + "/" + c_.s.AppName + ".ini",
-            QMessageBox::Ok, window_.get());
-        return box;
-    });
+    store_.onTrouble = [this](const QString& text) { ReportMessage(c_, text); };
+    // Whatever the core has reached shows while the link waits, at the pace of the eye.
+    pump_.beforeEvents = [this] { views_.renderSoon(); };
+    windows_.add(FormId::frmSettings,
+                 [this] { return new SettingsDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmAbout, [this] { return new AboutDialog(c_, views_, window_.get()); });
     windows_.add(FormId::frmRecord, [this] { return new RecordWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frmXBandRepeat,
                  [this] { return new XBandWindow(c_, views_, window_.get()); });
@@ -64,6 +62,8 @@ Application::Application()
     windows_.add(FormId::frmCsvMem, [this] { return new GridWindow(c_, views_, window_.get()); });
     windows_.add(FormId::frmScanner,
                  [this] { return new ScannerDialog(c_, views_, window_.get()); });
+    windows_.add(FormId::frmConvert,
+                 [this] { return new ConvertWindow(c_, views_, window_.get()); });
     window_ = std::make_unique<MainWindow>(c_, views_);
 }
 

@@ -1,10 +1,12 @@
 #include "ui/main_window.h"
 
 #include "cycle/start_stop.h"
+#include "shell/screen_size.h"
 #include "ui/main/groups.h"
 #include "ui/main/menus.h"
 #include "ui/messages_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -17,7 +19,7 @@ constexpr int kTwipsPerPixel = 15;
 }  // namespace
 
 MainWindow::MainWindow(Core& core, Views& views)
-    : c_(core), kit_(core, views), messages_(new MessagesWindow(core)) {
+    : c_(core), kit_(core, views), messages_(new MessagesWindow(core, views)) {
     setObjectName("Form1");
     auto* central = new QWidget(this);
     auto* page = new QVBoxLayout(central);
@@ -42,6 +44,7 @@ MainWindow::MainWindow(Core& core, Views& views)
     right->addWidget(BuildMemoriesGroup(kit_, central));
     right->addWidget(BuildNotesGroup(kit_, central));
     right->addWidget(BuildScanGroup(kit_, central));
+    right->addWidget(BuildSpectrumGroup(kit_, central));
     right->addStretch();
     columns->addLayout(left, 3);
     columns->addLayout(right, 2);
@@ -57,12 +60,31 @@ MainWindow::MainWindow(Core& core, Views& views)
     kit_.onRender([this] {
         if (windowTitle() != c_.f.caption) setWindowTitle(c_.f.caption);
         messages_->render();
+        if (FontScale(c_.s) != fontScale_) rescale(FontScale(c_.s));
     });
     render();
 }
 
 MainWindow::~MainWindow() {
     delete messages_;
+}
+
+// One factor for the fonts of every window, the mean of the two the screen size gives; the
+// layouts then size each window around its text.
+void MainWindow::rescale(double scale) {
+    const double ratio = scale / fontScale_;
+    fontScale_ = scale;
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * ratio);
+    QApplication::setFont(font);
+    // The boxes with a font of their own (the fixed-pitch displays) keep their face and grow too.
+    for (QWidget* w : QApplication::allWidgets()) {
+        if (!w->testAttribute(Qt::WA_SetFont)) continue;
+        QFont own = w->font();
+        own.setPointSizeF(own.pointSizeF() * ratio);
+        w->setFont(own);
+    }
+    adjustSize();
 }
 
 void MainWindow::place() {

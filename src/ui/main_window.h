@@ -31,7 +31,10 @@ class MainWindow : public QMainWindow {
 
   private:
     void tellForm();
+    // Scales the fonts of all windows to the factor the screen size gives.
+    void rescale(double scale);
     Core& c_;
+    double fontScale_ = 1.0;
     ViewKit kit_;
     MessagesWindow* messages_;
 };

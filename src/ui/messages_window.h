@@ -1,7 +1,7 @@
 // The messages window: the program's running log.
 #pragma once
 
-#include "link/core.h"
+#include "ui/view_kit.h"
 
 #include <QWidget>
 
@@ -11,7 +11,7 @@ namespace veldor {
 
 class MessagesWindow : public QWidget {
   public:
-    explicit MessagesWindow(Core& core);
+    MessagesWindow(Core& core, Views& views);
     void render();
 
   protected:
@@ -19,6 +19,7 @@ class MessagesWindow : public QWidget {
 
   private:
     Core& c_;
+    ViewKit kit_;
     QPlainTextEdit* txtErrors_;
     QString shown_;
 };

@@ -1,13 +1,19 @@
 #include "ui/qt_dialogs.h"
 
+#include "platform/serial_ports.h"
+
 #include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
+#include <QUrl>
 
 #include <cstdlib>
 
@@ -117,6 +123,36 @@ QString QtDialogs::openFileName(const QString& title, const QString& folder, con
                                 int filterIndex) {
     return FileName(parent ? parent() : nullptr, QFileDialog::AcceptOpen, title, folder, filter,
                     filterIndex);
+}
+
+void QtDialogs::notice(const QString& text, const QString& title) {
+    auto* box = new QMessageBox(QMessageBox::Information, title, text, QMessageBox::Ok,
+                                parent ? parent() : nullptr);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setAttribute(Qt::WA_ShowWithoutActivating);
+    box->setModal(false);
+    box->show();
+}
+
+QList<QPair<QString, QString>> QtSystem::serialPorts() {
+    return SystemSerialPorts();
+}
+
+int QtSystem::logicalDpi() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? qRound(screen->logicalDotsPerInchY()) : 96;
+}
+
+bool QtSystem::openDocument(const QString& pathOrAddress) {
+    const QUrl url = QFileInfo(pathOrAddress).isAbsolute() ? QUrl::fromLocalFile(pathOrAddress)
+                                                           : QUrl(pathOrAddress);
+    return QDesktopServices::openUrl(url);
+}
+
+void QtSystem::setClipboardText(const QString& text) {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    clipboard->setText(text);
 }
 
 bool QtSystem::directoryExists(const QString& path) {

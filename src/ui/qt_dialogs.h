@@ -19,6 +19,9 @@ class QtDialogs : public Dialogs {
     QString browseForFolder(const QString& prompt) override;
     QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                          int filterIndex) override;
+    // A box that stays on screen until closed, taking neither the keyboard nor the window's
+    // activation.
+    void notice(const QString& text, const QString& title) override;
     QString openFileName(const QString& title, const QString& folder, const QString& filter,
                          int filterIndex) override;
 };
@@ -33,6 +36,10 @@ class QtSystem : public System {
     void endProcess() override;
     void abortProcess() override;
     void beep() override;
+    QList<QPair<QString, QString>> serialPorts() override;
+    int logicalDpi() override;
+    bool openDocument(const QString& pathOrAddress) override;
+    void setClipboardText(const QString& text) override;
     bool ended() const { return ended_; }
 
   private:

@@ -177,11 +177,33 @@ QLabel* BuddyLabel(const QString& text, QWidget* box) {
     return label;
 }
 
+Views::Views() : deferred_(std::make_unique<QTimer>()) {
+    deferred_->setSingleShot(true);
+    QObject::connect(deferred_.get(), &QTimer::timeout, [this] { render(true); });
+}
+
+Views::~Views() = default;
+
+void Views::renderSoon() {
+    if (!sinceRender_.isValid() || sinceRender_.elapsed() >= kRenderPeriodMs) {
+        render(true);
+        return;
+    }
+    if (!deferred_->isActive())
+        deferred_->start(kRenderPeriodMs - static_cast<int>(sinceRender_.elapsed()));
+}
+
 void Views::renderAll() {
+    render(false);
+}
+
+void Views::render(bool changedOnly) {
+    deferred_->stop();
+    sinceRender_.start();
     // A render may open or close a window, whose kit then joins or leaves the list.
     const std::vector<ViewKit*> kits = kits_;
     for (ViewKit* kit : kits)
-        if (std::find(kits_.begin(), kits_.end(), kit) != kits_.end()) kit->render();
+        if (std::find(kits_.begin(), kits_.end(), kit) != kits_.end()) kit->render(changedOnly);
 }
 
 ViewKit::ViewKit(Core& core, Views& views) : c_(core), views_(views) {
@@ -198,9 +220,11 @@ void ViewKit::handle(const Handler& handler) {
     views_.renderAll();
 }
 
-void ViewKit::render() {
+void ViewKit::render(bool changedOnly) {
     rendering_ = true;
+    changedOnly_ = changedOnly;
     for (const auto& renderer : renderers_) renderer();
+    changedOnly_ = false;
     rendering_ = false;
 }
 
@@ -224,7 +248,7 @@ QPushButton* ViewKit::button(QWidget* parent, const QString& name, const Command
             if (!rendering_) handle(onClick);
         });
     }
-    onRender([this, b, &model, fallback, keyTip, wired] {
+    onControl(model, [this, b, &model, fallback, keyTip, wired] {
         const QString tip = model.toolTip + keyTip;
         ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
         ShowControl(b, model, &tip);
@@ -252,7 +276,7 @@ QPushButton* ViewKit::labelButton(QWidget* parent, const QString& name, const La
             if (!rendering_) handle(onClick);
         });
     }
-    onRender([b, &model, fallback, fallbackTip, wired] {
+    onControl(model, [b, &model, fallback, fallbackTip, wired] {
         const QString tip = model.toolTip.isEmpty() ? fallbackTip : model.toolTip;
         ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
         ShowControl(b, model, &tip);
@@ -271,7 +295,7 @@ QPushButton* ViewKit::clickLabel(QWidget* parent, const QString& name, const Lab
     auto* b = new ClickLabel(model.caption.isEmpty() ? fallback : model.caption, parent, run,
                              std::move(handlers));
     b->setObjectName(name);
-    onRender([b, &model, fallback, fallbackTip] {
+    onControl(model, [b, &model, fallback, fallbackTip] {
         const QString tip = model.toolTip.isEmpty() ? fallbackTip : model.toolTip;
         ShowCaption(b, model.caption.isEmpty() ? fallback : model.caption, tip);
         ShowControl(b, model, &tip);
@@ -292,7 +316,7 @@ QLabel* ViewKit::light(QWidget* parent, const QString& name, const Label& model)
 QLabel* ViewKit::label(QWidget* parent, const QString& name, const Label& model) {
     auto* l = new QLabel(model.caption, parent);
     l->setObjectName(name);
-    onRender([l, &model] {
+    onControl(model, [l, &model] {
         // A label is read by its text; its tool tip says what the text is. Its lines may end
         // in CR LF, as the program writes them.
         ShowText(l, QString(model.caption).replace("\r\n", "\n"));
@@ -315,7 +339,7 @@ QRadioButton* ViewKit::option(QWidget* parent, const QString& name, OptionButton
             handle(onClick);
         });
     }
-    onRender([o, &model, fallback, wired] {
+    onControl(model, [o, &model, fallback, wired] {
         ShowCaption(o, model.caption.isEmpty() ? fallback : model.caption, model.toolTip);
         ShowControl(o, model);
         if (!wired) o->setEnabled(false);
@@ -357,7 +381,7 @@ QCheckBox* ViewKit::check(QWidget* parent, const QString& name, CheckBox& model,
             handle(onClick);
         });
     }
-    onRender([box, &model, wired] {
+    onControl(model, [box, &model, wired] {
         ShowCaption(box, model.caption, model.toolTip);
         ShowControl(box, model);
         if (!wired) box->setEnabled(false);
@@ -372,7 +396,7 @@ QLineEdit* ViewKit::textBox(QWidget* parent, const QString& name, TextBox& model
     e->setObjectName(name);
     QObject::connect(e, &QLineEdit::textEdited, e,
                      [&model](const QString& text) { model.text = text; });
-    onRender([this, e, &model] {
+    onControl(model, [this, e, &model] {
         ShowText(e, model.text);
         ShowControl(e, model);
         ShowColour(e, model.backColour);
@@ -391,7 +415,7 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
         if (onClick) handle(onClick);
     });
     auto shown = std::make_shared<QStringList>();
-    onRender([box, &model, shown] {
+    onControl(model, [box, &model, shown] {
         if (*shown != model.list) {
             *shown = model.list;
             box->clear();
@@ -401,6 +425,36 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
         // With no item chosen the box shows its own text, if it has one.
         if (!model.text.isEmpty() && box->placeholderText() != model.text)
             box->setPlaceholderText(model.text);
+        ShowControl(box, model);
+        SetAccessibleValue(box, model.toolTip);
+    });
+    return box;
+}
+
+QComboBox* ViewKit::editableCombo(QWidget* parent, const QString& name, ComboBox& model) {
+    auto* box = new QComboBox(parent);
+    box->setObjectName(name);
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    // A chosen item and a typed text both go to the control: the item's index, or the text.
+    QObject::connect(box, &QComboBox::currentTextChanged, box, [this, &model](const QString& text) {
+        if (rendering_) return;
+        model.listIndex = model.list.indexOf(text);
+        model.text = model.listIndex < 0 ? text : QString();
+    });
+    auto shown = std::make_shared<QStringList>();
+    onRender([box, &model, shown] {
+        if (*shown != model.list) {
+            *shown = model.list;
+            box->clear();
+            box->addItems(model.list);
+        }
+        if (box->currentText() != ComboText(model)) {
+            if (model.listIndex >= 0)
+                box->setCurrentIndex(model.listIndex);
+            else
+                box->setEditText(model.text);
+        }
         ShowControl(box, model);
         SetAccessibleValue(box, model.toolTip);
     });
@@ -419,7 +473,7 @@ QSlider* ViewKit::slider(QWidget* parent, const QString& name, Slider& model, Ha
             handle(onChange);
         });
     }
-    onRender([s, &model, wired] {
+    onControl(model, [s, &model, wired] {
         if (s->minimum() != model.min || s->maximum() != model.max)
             s->setRange(model.min, model.max);
         if (s->value() != model.value) s->setValue(model.value);
@@ -444,7 +498,7 @@ QScrollBar* ViewKit::scrollBar(QWidget* parent, const QString& name, Slider& mod
             handle(onChange);
         });
     }
-    onRender([s, &model, wired] {
+    onControl(model, [s, &model, wired] {
         if (s->minimum() != model.min || s->maximum() != model.max)
             s->setRange(model.min, model.max);
         if (s->value() != model.value) s->setValue(model.value);
@@ -459,7 +513,7 @@ QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressB
     auto* b = new QProgressBar(parent);
     b->setObjectName(name);
     b->setTextVisible(false);
-    onRender([b, &model] {
+    onControl(model, [b, &model] {
         if (b->minimum() != model.min || b->maximum() != model.max)
             b->setRange(model.min, model.max);
         if (b->value() != model.value) b->setValue(model.value);
@@ -472,7 +526,7 @@ QProgressBar* ViewKit::bar(QWidget* parent, const QString& name, const ProgressB
 QGroupBox* ViewKit::frame(QWidget* parent, const QString& name, const Frame& model) {
     auto* box = new QGroupBox(model.caption, parent);
     box->setObjectName(name);
-    onRender([box, &model] {
+    onControl(model, [box, &model] {
         ShowControl(box, model);
         if (box->title() != model.caption) box->setTitle(model.caption);
     });

@@ -7,10 +7,13 @@
 
 #include "link/core.h"
 
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -24,6 +27,7 @@ class QPushButton;
 class QRadioButton;
 class QScrollBar;
 class QSlider;
+class QTimer;
 class QEvent;
 class QObject;
 class QWidget;
@@ -46,11 +50,23 @@ class ViewKit;
 // All windows' kits: a handler's effect shows in every window at once.
 class Views {
   public:
+    Views();
+    ~Views();
+    // Shows the core's state in every window now: after a handler, whose effect the operator
+    // waits to see.
     void renderAll();
+    // Shows what changed, now if the last showing is older than kRenderPeriodMs, or else once
+    // that period is over: the tick and the link's pauses come far more often than an eye
+    // follows.
+    void renderSoon();
+    static constexpr int kRenderPeriodMs = 50;
 
   private:
     friend class ViewKit;
+    void render(bool changedOnly);
     std::vector<ViewKit*> kits_;
+    std::unique_ptr<QTimer> deferred_;
+    QElapsedTimer sinceRender_;
 };
 
 class ViewKit {
@@ -63,12 +79,25 @@ class ViewKit {
     Core& core() { return c_; }
     // Runs a handler, then shows its effect in every window.
     void handle(const Handler& handler);
-    // Shows the state the core has reached in this kit's widgets.
-    void render();
+    // Shows the state the core has reached in this kit's widgets. changedOnly passes over the
+    // controls that are as they were last shown; a render after a handler shows them all, as
+    // the operator may have changed a widget itself.
+    void render(bool changedOnly = false);
     // True while render() sets widgets, whose signals are then not the operator's.
     bool rendering() const { return rendering_; }
     // A renderer of the window's own, run at every render.
     void onRender(std::function<void()> renderer);
+    // A renderer of one control, passed over by a changed-only render while the control is as
+    // it was last shown and does not ask for the focus.
+    template <typename Model>
+    void onControl(const Model& model, std::function<void()> renderer) {
+        onRender([this, &model, renderer = std::move(renderer),
+                  shown = std::optional<Model>()]() mutable {
+            if (changedOnly_ && shown && *shown == model && c_.focusRequest != &model) return;
+            shown = model;
+            renderer();
+        });
+    }
 
     // keyTip, when given, follows the tool tip to tell the button's key.
     QPushButton* button(QWidget* parent, const QString& name, const CommandButton& model,
@@ -99,6 +128,8 @@ class ViewKit {
     QLineEdit* textBox(QWidget* parent, const QString& name, TextBox& model);
     // A list; the operator's choice goes to listIndex, then to the handler.
     QComboBox* combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick);
+    // A list the operator may also type into; a text not in the list is the control's own.
+    QComboBox* editableCombo(QWidget* parent, const QString& name, ComboBox& model);
     QSlider* slider(QWidget* parent, const QString& name, Slider& model, Handler onChange);
     // A vertical scroll bar; the top is its minimum.
     QScrollBar* scrollBar(QWidget* parent, const QString& name, Slider& model, Handler onChange);
@@ -121,6 +152,7 @@ class ViewKit {
     std::vector<std::function<void()>> renderers_;
     std::vector<std::pair<QWidget*, std::function<bool()>>> focusChecks_;
     bool rendering_ = false;
+    bool changedOnly_ = false;
     bool checking_ = false;
 };
 

@@ -32,6 +32,8 @@ TEST(DspPanel, RequestsAreDroppedWhileTransmittingScanningOrSweeping) {
     for (bool State::*job : {&State::Transmitting, &State::ScanRunning, &State::SpectrumRunning}) {
         Wire w(RigFT450);
         w.c.s.*job = true;
+        // Held, so that the tick runs neither the scan nor the sweep.
+        w.c.s.ScanHold = w.c.s.SpectrumPaused = w.c.s.SpectrumMouseHeld = true;
         w.c.s.PollingDelay = 99;
         for (auto click :
              {cmdVM_Click, lbl450NoiseBlanker_Click, sldNotch_Change, sldAFGain_Change})

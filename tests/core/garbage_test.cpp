@@ -1,8 +1,8 @@
 // Replies of any bytes, at any length, from every rig: the reading survives, its values stay
 // in their ranges, and the link's counters and messages apply.
-#include "link/catalogue.h"
 #include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "protocol/write_frequency.h"
 #include "support/fakes.h"
 

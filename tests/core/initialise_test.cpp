@@ -1,6 +1,6 @@
 // The start-up reading of the store into the program's values.
-#include "link/catalogue.h"
 #include "cycle/start_stop.h"
+#include "link/catalogue.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>

@@ -135,9 +135,7 @@ TEST_P(Ft817ModeByte, NamesTheMode) {
 INSTANTIATE_TEST_SUITE_P(Bytes, Ft817ModeByte,
                          ::testing::Values(ModeByteCase{"0000000006", "FM"},
                                            ModeByteCase{"000000008a", "DIG"},
-                                           ModeByteCase{"0000000083", "CWRN"},
-                                           ModeByteCase{"0000000005", "5"},
-                                           ModeByteCase{"00000000ff", "255"}));
+                                           ModeByteCase{"0000000083", "CWRN"}));
 
 TEST(ReadFrequency, ZeroIsAGoodFrequency) {
     ScriptedRig h(RigFT847);

@@ -170,8 +170,11 @@ struct Refusal {
 
 TEST(RigctlWrites, AreRefusedWhereTheProgramRefusesAClick) {
     auto transmitting = [](Shared& st) { st.c.s.Transmitting = true; };
-    auto scanning = [](Shared& st) { st.c.s.ScanRunning = true; };
-    auto sweeping = [](Shared& st) { st.c.s.SpectrumRunning = true; };
+    // Held, so that the tick steps neither.
+    auto scanning = [](Shared& st) { st.c.s.ScanRunning = st.c.s.ScanHold = true; };
+    auto sweeping = [](Shared& st) {
+        st.c.s.SpectrumRunning = st.c.s.SpectrumPaused = st.c.s.SpectrumMouseHeld = true;
+    };
     auto off = [](Shared& st) { st.switchOff(); };
     auto enabled = [](Shared& st) { st.c.f.chkTransmitEnable.value = 1; };
     const Refusal cases[] = {
@@ -196,7 +199,7 @@ TEST(RigctlWrites, AreRefusedWhereTheProgramRefusesAClick) {
         {"FT817", "T 1", RigctlRefused,
          [](Shared& st) {
              st.c.f.chkTransmitEnable.value = 1;
-             st.c.s.ScanRunning = true;
+             st.c.s.ScanRunning = st.c.s.ScanHold = true;
          }},
         {"VR5000", "T 1", RigctlNotAvailable, enabled},
         {"FRG100", "T 1", RigctlNotAvailable, enabled},
@@ -373,11 +376,19 @@ TEST(RigctlProtocol, AnyBytesGetAnAnswerPerLineAndLeaveTheLinkWorking) {
     EXPECT_EQ(st.rig().state().frequencyHz, 7074000);
 }
 
-TEST(RigctlProtocol, AClientThatFloodsIsLetGo) {
+// Reads cost the rig nothing: a burst of them is answered, also behind a write. Writes that
+// pile up behind a write are what a client is let go for.
+TEST(RigctlProtocol, ABurstOfReadsIsAnsweredAndAFloodOfWritesIsLetGo) {
     Shared st(RigFT817);
-    QByteArray lines = "F 7074000\n";
-    for (int i = 0; i < RigctlQueueLimit + 1; ++i) lines += "f\n";
-    EXPECT_EQ(st.say(lines), "");
+    QByteArray reads;
+    for (int i = 0; i < 1000; ++i) reads += "f\n";
+    EXPECT_EQ(st.say(reads).count("14250000\n"), 1000);
+    EXPECT_EQ(st.say("F 7074000\n" + reads), "");
+    EXPECT_FALSE(st.session.closing);
+    EXPECT_EQ(st.afterTick().count("\n"), 1001);
+    QByteArray writes;
+    for (int i = 0; i < RigctlQueueLimit + 2; ++i) writes += "F 7074000\n";
+    EXPECT_EQ(st.say(writes), "");
     EXPECT_TRUE(st.session.closing);
     EXPECT_EQ(st.say("f\n"), "");
 }

@@ -74,9 +74,10 @@ TEST_F(Link, ABusyFlagHoldsASendFor101PausesAtMost) {
 TEST_F(Link, ASendWaitsOnlyUntilTheReadInProgressEnds) {
     h.c.s.ReceiveBusy = true;
     const uint32_t start = h.clock.now;
-    h.pump.at(start + 20, [&] { h.c.s.ReceiveBusy = false; });
+    h.pump.at(start + 22, [&] { h.c.s.ReceiveBusy = false; });
     SendCommand(h.c, 0x03);
-    EXPECT_EQ(port().written.at(0).atMs - start, 25u);
+    // The pause in which the flag came down ends with it.
+    EXPECT_EQ(port().written.at(0).atMs - start, 22u);
 }
 
 TEST_F(Link, SendTextEmptiesTheInputAndIgnoresTheBusyFlags) {
@@ -93,19 +94,30 @@ TEST_F(Link, SendTextEmptiesTheInputAndIgnoresTheBusyFlags) {
 TEST_F(Link, AReplyInPiecesIsCollectedWithinTheHundredPolls) {
     const uint32_t start = h.clock.now;
     port().arrive(start + 12, Bytes({0x01, 0x42}));
-    port().arrive(start + 300, Bytes({0x50, 0x00, 0x01}));
+    port().arrive(start + 303, Bytes({0x50, 0x00, 0x01}));
     ReadResponse(h.c, 5);
     EXPECT_FALSE(h.c.s.ReplyTimedOut);
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0x01, 0x42, 0x50, 0x00, 0x01}));
-    EXPECT_EQ(h.clock.now - start, 300u);
+    // The pause in which the last byte came ends with it; the first bytes end none.
+    EXPECT_EQ(h.clock.now - start, 303u);
     EXPECT_FALSE(h.c.s.ReceiveBusy);
 }
 
-TEST_F(Link, TheShortestReadTakesOnePause) {
-    port().arrive(0, Bytes({0x00}));
-    const uint32_t start = h.clock.now;
-    ReadResponse(h.c, 1);
-    EXPECT_EQ(h.clock.now - start, 5u);
+TEST_F(Link, AReadEndsAsSoonAsItsBytesAreThereAfterTheEventsHaveRun) {
+    struct Case {
+        uint32_t arrivesAfter;
+        uint32_t endsAfter;
+    };
+    for (const Case& k : {Case{0, 0}, Case{3, 3}, Case{5, 5}, Case{7, 7}}) {
+        port().clearInput();
+        const uint32_t start = h.clock.now;
+        const int pumps = h.pump.pumps;
+        port().arrive(start + k.arrivesAfter, Bytes({0x00}));
+        ReadResponse(h.c, 1);
+        EXPECT_FALSE(h.c.s.ReplyTimedOut) << k.arrivesAfter;
+        EXPECT_EQ(h.clock.now - start, k.endsAfter) << k.arrivesAfter;
+        EXPECT_GE(h.pump.pumps - pumps, 1) << k.arrivesAfter;
+    }
 }
 
 TEST_F(Link, ALostReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {
@@ -209,13 +221,14 @@ TEST_F(Link, ASilentRigCostsAbout125MsAndEmptiesTheInput) {
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
 }
 
-TEST_F(Link, AFragmentWaitsForItsEndWithoutALimit) {
+// A fragment waits for its end while its bytes keep coming, each within half a second.
+TEST_F(Link, AFragmentWaitsForItsEndWhileItsBytesKeepComing) {
     const uint32_t start = h.clock.now;
     port().arrive(start + 2, "FA0142");
-    port().arrive(start + 5000, "50000;");
+    port().arrive(start + 400, "500");
+    port().arrive(start + 800, "00;");
     EXPECT_TRUE(ReceiveData(h.c));
     EXPECT_EQ(h.c.s.TextReply, "FA014250000;");
-    EXPECT_GE(h.clock.now - start, 5000u);
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
 }
 
@@ -228,13 +241,12 @@ TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
     EXPECT_FALSE(h.c.s.TextResyncNeeded);
 }
 
-TEST_F(Link, APortThatVanishesUnderATextReadEndsItWithTheErrorBox) {
+// The tick tells of the port once; the read shows no box of its own.
+TEST_F(Link, APortThatVanishesUnderATextReadEndsItWithoutABox) {
     h.c.s.ReceiveBuffer = "FA01";
     h.pump.at(h.clock.now + 50, [&] { port().close(); });
     EXPECT_FALSE(ReceiveData(h.c));
-    ASSERT_EQ(h.dialogs.messages.size(), 1u);
-    EXPECT_TRUE(
-        h.dialogs.messages[0].text.endsWith("in procedure ReceiveData of Module ZantikoGeneral"));
+    EXPECT_TRUE(h.dialogs.messages.empty());
 }
 
 TEST_F(Link, GarbageOfAnyLengthNeverHangsTheTextReader) {
@@ -390,13 +402,13 @@ TEST_F(Link, AnOutOfRangeFrequencyCodesNothingAndFallsBackTo7MHz) {
 
 TEST_F(Link, AVr5000DragSnapsToTheTuningStep) {
     h.c.s.RigType = RigVR5000;
-    h.c.s.SpectrumDragging = true;
+    h.c.s.SpectrumMouseDown = true;
     h.c.s.VR5000Step = 20;
     int32_t f = 14557511;
     PrepareFrequency(h.c, f);
     EXPECT_EQ(f, 14557520);
     EXPECT_EQ(h.c.s.CurrentFrequency, 14557520);
-    h.c.s.SpectrumDragging = false;
+    h.c.s.SpectrumMouseDown = false;
     f = 14557511;
     PrepareFrequency(h.c, f);
     EXPECT_EQ(f, 14557511);

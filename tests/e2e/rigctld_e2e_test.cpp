@@ -178,19 +178,35 @@ TEST_F(SharedRig, BadClientsLeaveTheServerAndTheLinkWorking) {
     EXPECT_EQ(ask(noisy, noise + "\n", 1), "RPRT -1\n");
     EXPECT_EQ(ask(noisy, QByteArray(1 << 20, 'm') + "\nv\n", 2), "RPRT -1\nVFOA\n");
 
-    // One that floods the server behind a write is let go.
+    // One that floods the server with writes is let go, and so is one that never reads.
     {
         QTcpSocket flood;
         flood.connectToHost(loopback, port);
         ASSERT_TRUE(flood.waitForConnected(3000));
-        QByteArray lines = "F 21074000\n";
-        for (int i = 0; i < 1100; ++i) lines += "f\n";
+        QByteArray lines;
+        for (int i = 0; i < 1100; ++i) lines += "F 21074000\n";
         flood.write(lines);
         QElapsedTimer t;
         t.start();
         while (flood.state() == QAbstractSocket::ConnectedState && t.elapsed() < 5000)
             QTest::qWait(20);
         EXPECT_NE(flood.state(), QAbstractSocket::ConnectedState);
+    }
+    {
+        QTcpSocket deaf;
+        deaf.setReadBufferSize(1);  // takes nothing more from the system
+        deaf.connectToHost(loopback, port);
+        ASSERT_TRUE(deaf.waitForConnected(3000));
+        QByteArray reads;
+        for (int i = 0; i < 50000; ++i) reads += "f\n";
+        QElapsedTimer t;
+        t.start();
+        while (deaf.state() == QAbstractSocket::ConnectedState && t.elapsed() < 20000) {
+            if (deaf.bytesToWrite() < reads.size()) deaf.write(reads);
+            QTest::qWait(5);
+        }
+        EXPECT_NE(deaf.state(), QAbstractSocket::ConnectedState);
+        EXPECT_TRUE(app->core().frmErrorList.txtErrors.text.contains("does not read its replies"));
     }
 
     // One leaves in the middle of a line, one before its write is answered.

@@ -1,16 +1,21 @@
 // The real serial port: settings texts, port names, failures with the system's reason, and
 // bytes through a pseudo-terminal.
+#include "platform/serial_ports.h"
 #include "platform/serial_settings.h"
 #include "platform/system_serial_port.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
@@ -56,6 +61,40 @@ TEST(PortNames, ANumberIsTheSystemsNthPort) {
     EXPECT_EQ(SystemPortName("/dev/ttyUSB0"), "/dev/ttyUSB0");
     EXPECT_EQ(SystemPortName("SIM"), "SIM");
     EXPECT_EQ(SystemPortName("0"), "0");
+}
+
+// The system's ports by their stable names, described as the USB device above each reports it.
+TEST(PortNames, TheSystemsPortsAreListedByIdWithTheirDescription) {
+    QTemporaryDir root;
+    const QString dev = root.path() + "/dev", sys = root.path() + "/sys";
+    QDir().mkpath(dev + "/serial/by-id");
+    const QString usb = sys + "/devices/usb1/1-2";
+    QDir().mkpath(usb + "/1-2:1.0/ttyUSB0");
+    QDir().mkpath(sys + "/devices/pci0/ttyACM0");
+    QDir().mkpath(sys + "/class/tty");
+    auto write = [](const QString& path, const QByteArray& text) {
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(text);
+    };
+    write(usb + "/product", "FT232R USB UART\n");
+    write(usb + "/manufacturer", "FTDI\n");
+    write(sys + "/devices/pci0/interface", "CDC ACM\n");
+    QFile::link(usb + "/1-2:1.0/ttyUSB0", sys + "/class/tty/ttyUSB0");
+    QFile::link(usb + "/1-2:1.0/ttyUSB0", usb + "/1-2:1.0/ttyUSB0/device");
+    QFile::link(sys + "/devices/pci0/ttyACM0", sys + "/class/tty/ttyACM0");
+    QFile::link(sys + "/devices/pci0", sys + "/devices/pci0/ttyACM0/device");
+    QFile::link("../../ttyUSB0", dev + "/serial/by-id/usb-FTDI_FT232R-if00-port0");
+    QFile::link("../../ttyACM0", dev + "/serial/by-id/usb-Yaesu_CAT-if00");
+    QFile::link("../../ttyUSB9", dev + "/serial/by-id/usb-gone-if00");  // unplugged
+
+    const auto ports = SystemSerialPorts(dev, sys);
+    ASSERT_EQ(ports.size(), 3);
+    EXPECT_EQ(ports[0].first, dev + "/serial/by-id/usb-FTDI_FT232R-if00-port0");
+    EXPECT_EQ(ports[0].second, "FT232R USB UART (FTDI) on ttyUSB0");
+    EXPECT_EQ(ports[1].second, "CDC ACM on ttyACM0");
+    EXPECT_EQ(ports[2].second, "ttyUSB9");
+    EXPECT_TRUE(SystemSerialPorts(root.path() + "/none", sys).isEmpty());
 }
 
 TEST(PortNames, ALinkNamesTheDeviceItLeadsTo) {
@@ -154,6 +193,38 @@ TEST(SystemPort, ARestartOnTheSameDeviceKeepsItOpenAndEmptiesTheInput) {
     port.close();
     EXPECT_TRUE(watched());  // the watch does see a closing
     ::close(watch);
+}
+
+// An adapter pulled out: the port closes at the hang-up, and never spins on it. Put back, it
+// comes as another device, found again by its stable name.
+TEST(SystemPort, AVanishedDeviceClosesThePortAndIsFoundAgainByItsStableName) {
+    QTemporaryDir byId;
+    auto first = std::make_unique<Pty>();
+    const QString stable = byId.path() + "/usb-FTDI_FT232R_A1B2C3-if00-port0";
+    ASSERT_TRUE(QFile::link(first->name, stable));
+    VirtualClock clock;
+    SystemSerialPort port(
+        clock, [] { return QString("FT817"); }, byId.path());
+    const QString name = first->name;
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, nullptr));
+    Pty second;  // the adapter back, under another number
+    first.reset();
+    QElapsedTimer spent;
+    spent.start();
+    port.output(QByteArray(4096, 'x'));
+    for (int i = 0; i < 100 && port.isOpen(); ++i) {
+        port.outBufferCount();
+        port.inBufferCount();
+    }
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_LT(spent.elapsed(), 500);
+
+    QFile::remove(stable);
+    ASSERT_TRUE(QFile::link(second.name, stable));
+    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, nullptr));
+    ASSERT_EQ(::write(second.master, "\x42", 1), 1);
+    for (int tries = 0; port.inBufferCount() < 1 && tries < 200; ++tries) QThread::msleep(5);
+    EXPECT_EQ(port.input(0), "\x42");
 }
 
 }  // namespace

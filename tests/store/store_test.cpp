@@ -1,9 +1,20 @@
-// The settings file: addressing, case, exact values, garbage, atomic writes.
+// The settings file: addressing, case, exact values, garbage, atomic writes, and the file's
+// bad cases: a full disk, things that are not a file, other encodings, size, leftovers.
 #include "platform/ini_store.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QStringEncoder>
 #include <QTemporaryDir>
+
+#include <csignal>
+#include <functional>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -125,13 +136,156 @@ TEST_F(Store, KeysSavedTogetherGoInOneWriteAndNoneWhenNothingChanged) {
     EXPECT_EQ(fresh.get("VELDOR", "Banks", "Bank1M1Scan", ""), "N");
 }
 
-TEST_F(Store, AnUnwritableFolderLosesTheWriteButNotTheProgram) {
+TEST_F(Store, AnUnwritableFolderLosesTheWriteButNotTheProgramAndIsToldOnce) {
     QFile blocker(dir.path() + "/blocked");
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     blocker.close();
     IniStore store(dir.path() + "/blocked");  // a file where the folder should be
+    QStringList told;
+    store.onTrouble = [&](const QString& text) { told << text; };
     store.save("VELDOR", "Settings", "RigType", "FT817");
-    EXPECT_EQ(store.get("VELDOR", "Settings", "RigType", ""), "FT817");  // kept for the run
+    store.save("VELDOR", "Settings", "RigType", "FT847");
+    EXPECT_EQ(store.get("VELDOR", "Settings", "RigType", ""), "FT847");  // kept for the run
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].startsWith("Settings could not be saved to " + dir.path() + "/blocked"));
+}
+
+// A write that fails for want of room (here the process's file size limit, as a full disk
+// would) leaves the old file whole.
+TEST_F(Store, AFailedWriteKeepsTheOldFileAndIsToldOnce) {
+    IniStore store(dir.path());
+    QStringList told;
+    store.onTrouble = [&](const QString& text) { told << text; };
+    store.save("VELDOR", "Settings", "RigType", "FT817");
+    QFile f(file("VELDOR"));
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray before = f.readAll();
+    f.close();
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit saved{};
+    ::getrlimit(RLIMIT_FSIZE, &saved);
+    rlimit small = saved;
+    small.rlim_cur = 4096;
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    store.save("VELDOR", "Banks", "Bank1Name", QString(8000, 'x'));
+    store.save("VELDOR", "Banks", "Bank2Name", QString(8000, 'y'));
+    ::setrlimit(RLIMIT_FSIZE, &saved);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), before);
+    f.close();
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].contains("the file keeps its earlier values"));
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"VELDOR.ini"});
+    store.save("VELDOR", "Settings", "RigType", "FT450");  // room again: all of it is written
+    EXPECT_EQ(IniStore(dir.path()).get("VELDOR", "Banks", "Bank2Name", "").size(), 8000);
+}
+
+struct Misplaced {
+    const char* name;
+    std::function<void(const QString& path)> make;
+};
+
+class NotAFile : public Store, public ::testing::WithParamInterface<Misplaced> {};
+
+// Something other than a regular file in the settings file's place: the program starts on its
+// defaults at once, says why, and leaves the thing as it found it.
+TEST_P(NotAFile, IsNotReadNorWrittenOverAndIsTold) {
+    const QString path = file("VELDOR");
+    GetParam().make(path);
+    const QFileInfo before(path);
+    IniStore store(dir.path());
+    QStringList told;
+    store.onTrouble = [&](const QString& text) { told << text; };
+    EXPECT_EQ(store.get("VELDOR", "Settings", "RigType", "Not set"), "Not set");
+    store.save("VELDOR", "Settings", "RigType", "FT817");
+    store.save("VELDOR", "Settings", "Commport", "2");
+    const QFileInfo after(path);
+    EXPECT_EQ(after.isSymLink(), before.isSymLink());
+    EXPECT_EQ(after.isFile(), before.isFile());
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_TRUE(told[0].startsWith("The settings file " + path + " cannot be read"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Things, NotAFile,
+    ::testing::Values(
+        Misplaced{"NamedPipe",
+                  [](const QString& p) { ::mkfifo(p.toLocal8Bit().constData(), 0600); }},
+        Misplaced{"LinkToDevZero", [](const QString& p) { QFile::link("/dev/zero", p); }},
+        Misplaced{"Directory", [](const QString& p) { QDir().mkpath(p); }},
+        Misplaced{"Huge",
+                  [](const QString& p) {
+                      QFile f(p);
+                      f.open(QIODevice::WriteOnly);
+                      f.resize(IniStore::kSizeLimit + 1);
+                  }}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct Encoded {
+    const char* name;
+    QByteArray bytes;
+};
+
+class Encodings : public Store, public ::testing::WithParamInterface<Encoded> {};
+
+// A file an editor saved in another form keeps its values, and is written back whole.
+TEST_P(Encodings, KeepWhatTheFileHolds) {
+    QFile f(file("VELDOR"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(GetParam().bytes);
+    f.close();
+    {
+        IniStore store(dir.path());
+        EXPECT_EQ(store.get("VELDOR", "Settings", "RigType", ""), "FT817");
+        EXPECT_EQ(store.get("VELDOR", "Banks", "Bank1Name", ""), QString::fromUtf8("Répéteurs"));
+        store.save("VELDOR", "Settings", "Commport", "2");
+    }
+    IniStore fresh(dir.path());
+    EXPECT_EQ(fresh.get("VELDOR", "Banks", "Bank1Name", ""), QString::fromUtf8("Répéteurs"));
+    EXPECT_EQ(fresh.get("VELDOR", "Settings", "Commport", ""), "2");
+}
+
+QByteArray Utf16(const char* text, QStringConverter::Encoding encoding, bool bom) {
+    QStringEncoder encoder(
+        encoding, bom ? QStringConverter::Flag::WriteBom : QStringConverter::Flag::Default);
+    return encoder.encode(QString::fromUtf8(text));
+}
+
+constexpr const char* kText = "[Settings]\r\nRigType=FT817\r\n[Banks]\r\nBank1Name=Répéteurs\r\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, Encodings,
+    ::testing::Values(Encoded{"Utf16LeWithMark", Utf16(kText, QStringConverter::Utf16LE, true)},
+                      Encoded{"Utf16BeWithoutMark", Utf16(kText, QStringConverter::Utf16BE, false)},
+                      Encoded{"Latin1", QString::fromUtf8(kText).toLatin1()},
+                      Encoded{"Utf8WithMark", "\xEF\xBB\xBF" + QByteArray(kText)}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Store, AHundredThousandKeysLoadInLinearTime) {
+    QByteArray text = "[Settings]\n";
+    for (int i = 0; i < 100000; ++i)
+        text += "Key" + QByteArray::number(i) + "=" + QByteArray::number(i) + "\n";
+    QFile f(file("VELDOR"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(text);
+    f.close();
+    QElapsedTimer timer;
+    timer.start();
+    IniStore store(dir.path());
+    EXPECT_EQ(store.get("VELDOR", "Settings", "KEY99999", ""), "99999");
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST_F(Store, ATemporaryFileLeftByAKilledWriteIsRemoved) {
+    const QString leftover = file("VELDOR") + ".aB3xYz";
+    QFile f(leftover);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.setFileTime(QDateTime::currentDateTimeUtc().addSecs(-3600),
+                  QFileDevice::FileModificationTime);
+    f.close();
+    IniStore store(dir.path());
+    store.get("VELDOR", "Settings", "RigType", "");
+    EXPECT_FALSE(QFile::exists(leftover));
 }
 
 TEST(StoreFolder, FollowsXdgConfigHome) {

@@ -6,8 +6,7 @@
 
 namespace veldor::test {
 
-void VirtualPump::processEvents() {
-    ++pumps;
+void VirtualPump::runDue() {
     while (!events_.empty() && events_.begin()->first <= clock_.now) {
         auto event = std::move(events_.begin()->second);
         events_.erase(events_.begin());
@@ -15,9 +14,17 @@ void VirtualPump::processEvents() {
     }
 }
 
-void VirtualPump::sleep(int milliseconds) {
+void VirtualPump::processEvents() {
+    ++pumps;
+    runDue();
+}
+
+void VirtualPump::sleepUntil(int milliseconds, int, const std::function<bool()>& ready) {
     ++sleeps;
-    if (milliseconds > 0) clock_.now += static_cast<uint32_t>(milliseconds);
+    for (int elapsed = 0; elapsed < milliseconds && !(ready && ready()); ++elapsed) {
+        ++clock_.now;
+        runDue();
+    }
 }
 
 MsgResult ScriptedDialogs::messageBox(const QString& text, const QString& title, MsgButtons,
@@ -216,6 +223,7 @@ void ScriptedPort::output(const QByteArray& bytes) {
 
 Harness::Harness(bool scriptedMainPort) {
     store = std::make_unique<IniStore>(dir.path());
+    store->onTrouble = [this](const QString& text) { ReportMessage(c, text); };
     SerialPort* main = nullptr;
     if (scriptedMainPort) {
         scriptedPort = std::make_unique<ScriptedPort>(clock);

@@ -7,6 +7,7 @@
 #include "platform/serial_settings.h"
 #include "platform/sim_port.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <deque>
@@ -34,11 +35,14 @@ class VirtualPump : public EventPump {
     explicit VirtualPump(VirtualClock& clock) : clock_(clock) {}
     void at(uint32_t ms, std::function<void()> event) { events_.emplace(ms, std::move(event)); }
     void processEvents() override;
-    void sleep(int milliseconds) override;
+    // Steps the clock a millisecond at a time, running the events due and ending once ready()
+    // holds.
+    void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) override;
     int pumps = 0;
     int sleeps = 0;
 
   private:
+    void runDue();
     VirtualClock& clock_;
     std::multimap<uint32_t, std::function<void()>> events_;
 };
@@ -90,6 +94,32 @@ class FakePrinter : public Printer {
     bool available() override { return present; }
     bool setFont(const QString& family, int size) override;
     bool print(const QStringList& lines, QString* reason) override;
+};
+
+// Settings kept in memory, for runs of millions of inputs where a file per write would cost.
+class MemoryStore : public SettingsStore {
+  public:
+    QString get(const QString& appName, const QString& section, const QString& key,
+                const QString& defaultValue) override {
+        return values_.value(id(appName, section) + key.toUpper(), defaultValue);
+    }
+    void save(const QString& appName, const QString& section, const QString& key,
+              const QString& value) override {
+        values_.insert(id(appName, section) + key.toUpper(), value);
+    }
+    QList<QPair<QString, QString>> getAll(const QString& appName, const QString& section) override {
+        QList<QPair<QString, QString>> all;
+        const QString prefix = id(appName, section);
+        for (auto it = values_.cbegin(); it != values_.cend(); ++it)
+            if (it.key().startsWith(prefix)) all.append({it.key().mid(prefix.size()), it.value()});
+        return all;
+    }
+
+  private:
+    static QString id(const QString& appName, const QString& section) {
+        return (appName + '\n' + section + '\n').toUpper();
+    }
+    QMap<QString, QString> values_;
 };
 
 // Programs started: each command line, and whether it started (all do, but those named in
@@ -150,8 +180,19 @@ class FakeSystem : public System {
     void endProcess() override { ended = true; }
     void abortProcess() override { aborted = true; }
     void beep() override { ++beeps; }
+    QList<QPair<QString, QString>> serialPorts() override { return ports; }
+    int logicalDpi() override { return dpi; }
+    bool openDocument(const QString& pathOrAddress) override {
+        opened.push_back(pathOrAddress);
+        return true;
+    }
+    void setClipboardText(const QString& text) override { clipboard = text; }
     bool aborted = false;
     int beeps = 0;
+    QList<QPair<QString, QString>> ports;
+    int dpi = 96;
+    std::vector<QString> opened;
+    QString clipboard;
 };
 
 // The other windows: what was shown and closed. A modal window runs the test's operator (the
@@ -202,7 +243,9 @@ class ScriptedPort : public SerialPort {
     void clearInput() override;
     QByteArray input(int maxBytes) override;
     void output(const QByteArray& bytes) override;
-    int outBufferCount() override { return 0; }
+    // Tests of outBufferCount that find the output still waiting (a device that takes nothing).
+    int undrainedTests = 0;
+    int outBufferCount() override { return undrainedTests > 0 ? (--undrainedTests, 5) : 0; }
     void setRts(bool on) override { calls.push_back(QString("rts %1").arg(rtsLine = on)); }
     void setDtr(bool on) override { calls.push_back(QString("dtr %1").arg(dtrLine = on)); }
     bool rts() const override { return rtsLine; }

@@ -5,6 +5,14 @@
 
 namespace veldor {
 
-struct FrmAbout {};
+struct FrmAbout {
+    QString caption;
+    Label lblTitle;
+    Label lblVersion;
+    Label lblDescription;
+    // The user manual; a click opens it with the desktop's handler.
+    Label lblLink{{true, true, " Open the user manual "}, {}};
+    CommandButton cmdOK{{}, "OK"};
+};
 
 }  // namespace veldor

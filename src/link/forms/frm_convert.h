@@ -3,8 +3,46 @@
 
 #include "link/controls.h"
 
+#include <QString>
+
+#include <array>
+#include <vector>
+
 namespace veldor {
 
-struct FrmConvert {};
+// A row of a memory grid: the 13 columns, all text, column 0 the memory number.
+using MemoryRow = std::array<QString, 13>;
+
+// The window's own grid: row 0 is the heading, memories are rows 1 to Rows-1.
+struct ConvertGrid : Control {
+    std::vector<MemoryRow> rows = std::vector<MemoryRow>(1);
+    int row = 0;  // the current cell
+    int col = 0;
+    // Counts every change of the rows, so that the view redraws only what changed.
+    int generation = 0;
+};
+
+struct FrmConvert {
+    QString caption = "VELDOR - Convert memory files";
+    Frame frmRigType{{}, "Supported Kenwood rig types"};
+    std::array<OptionButton, 5> optProgFile{{{{}, "TH-G71", true},
+                                             {{}, "TM-D700"},
+                                             {{}, "TH-D7A(G)"},
+                                             {{}, "TH-D7A"},
+                                             {{}, "ARRL Rpt"}}};
+    CommandButton cmdLoadFile{{true, true, " Read a Kenwood memory file or an ARRL Repeater file "},
+                              "Read &Disk File"};
+    CommandButton cmdImport{{true, true, " Import a CSV file ready for Export to Kenwood "},
+                            "&Import CSV"};
+    CommandButton cmdExport{{false, true, " Export a CSV file of memories "}, "&Export CSV"};
+    CommandButton cmdExportKenwood{{false, true, " Export a CSV file of memories "},
+                                   "Export &Kenwood"};
+    CommandButton cmdExit{{true, true, " Exit this screen "}, ""};
+    Label lblFileLoaded{{true, true, "The name of the File last loaded"}, "No file loaded"};
+    ConvertGrid grdMemories;
+    // Lookup lists: a file holds a tone or a code as its place in these, from 1. Never shown.
+    ComboBox cboCTCSS{{true, false, {}}};
+    ComboBox cboDCS{{true, false, {}}};
+};
 
 }  // namespace veldor

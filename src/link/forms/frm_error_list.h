@@ -9,6 +9,9 @@ struct FrmErrorList {
     bool visible = false;
     QString caption = "Messages";
     TextBox txtErrors;
+    CommandButton cmdCopyToClipboard{{}, "Copy to clipboard"};
+    CommandButton cmdClearMessages{{}, "Clear messages"};
+    CommandButton cmdClose{{}, "Close"};
 };
 
 }  // namespace veldor

@@ -1,12 +1,14 @@
 // The state of the file conversion window.
 #pragma once
 
-#include <QString>
-
-#include <cstdint>
-
 namespace veldor {
 
-struct ConvertState {};
+struct ConvertState {
+    // The kind of file the window reads and writes: 0 *.71, 1 *.700, 2 *.D7G, 3 *.D7, 4 an
+    // ARRL repeater file.
+    int ConvertFileType = 0;
+    // Rows have been read or imported into the window's grid.
+    bool GridLoaded = false;
+};
 
 }  // namespace veldor

@@ -37,5 +37,7 @@ void WheelTunes(ViewKit& kit, QWidget* over);
 QWidget* BuildMemoriesGroup(ViewKit& kit, QWidget* parent);
 // The scan range, the button that defines the ranges, and the scan buttons.
 QWidget* BuildScanGroup(ViewKit& kit, QWidget* parent);
+// The spectrum sweep: the trace, its boxes and buttons.
+QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent);
 
 }  // namespace veldor

@@ -1,12 +1,15 @@
 #include "ui/main/menus.h"
 
 #include "cycle/poll_cycle.h"
+#include "cycle/shell_menus.h"
 #include "cycle/start_stop.h"
 #include "grid/grid.h"
 #include "memories/banks.h"
 #include "memories/memory_tag.h"
 #include "protocol/model_controls.h"
 #include "protocol/transmit.h"
+#include "scan/scan_engine.h"
+#include "scan/spectrum.h"
 #include "tuning/go_to.h"
 #include "tuning/transverter.h"
 #include "ui/rig_sharing_dialog.h"
@@ -87,16 +90,17 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
     QObject::connect(exit, &QAction::triggered, window, [window] { window->close(); });
 
     Items(kit, Menu(bar, "mnuView", "&View"),
-          {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, {}, Qt::Key_F2, true}});
+          {{"mnuSpectrumOnly", &f.mnuSpectrumOnly, mnuSpectrumOnly_Click, Qt::Key_F2, true}});
     Items(kit, Menu(bar, "mnuEdit", "&Edit"),
           {{"mnuAddToGrid", &f.mnuAddToGrid, mnuAddToGrid_Click, Qt::Key_F4}});
     Items(kit, Menu(bar, "mnuTools", "&Tools"),
-          {{"mnuConvert", &f.mnuConvert, {}},
-           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition, {}}});
+          {{"mnuConvert", &f.mnuConvert, mnuConvert_Click},
+           {"mnuResetMemoryGridPosition", &f.mnuResetMemoryGridPosition,
+            mnuResetMemoryGridPosition_Click}});
 
     QMenu* options = Menu(bar, "mnuOptionsMenu", "&Options");
     Items(kit, options,
-          {{"mnuSettings", &f.mnuSettings, Form_DblClick},
+          {{"mnuSettings", &f.mnuSettings, mnuSettings_Click},
            {"mnuFT817AGCmonitor", &f.mnuFT817AGCmonitor, mnuFT817AGCmonitor_Click, {}, true},
            {"mnuRaiseDTR", &f.mnuRaiseDTR, mnuRaiseDTR_Click, {}, true},
            {"mnuRaiseRTS", &f.mnuRaiseRTS, mnuRaiseRTS_Click, {}, true},
@@ -132,12 +136,20 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
          {"mnuPollingUpdateNow", &f.mnuPollingUpdateNow, mnuPollingUpdateNow_Click, Qt::Key_F3});
 
     Items(kit, Submenu(options, "mnuHangDelay", "&Hang delay"),
-          {{"mnuHangDelay2", &f.mnuHangDelay2, {}, {}, true},
-           {"mnuHangDelay4", &f.mnuHangDelay4, {}, {}, true},
-           {"mnuHangDelay8", &f.mnuHangDelay8, {}, {}, true},
-           {"mnuHangDelay16", &f.mnuHangDelay16, {}, {}, true},
-           {"mnuHangDelayPerm", &f.mnuHangDelayPerm, {}, {}, true},
-           {"mnuHangDelayOnSignalLoss", &f.mnuHangDelayOnSignalLoss, {}, {}, true}});
+          {{"mnuHangDelay2", &f.mnuHangDelay2, [](Core& c) { SetHangDelay(c, 2); }, {}, true},
+           {"mnuHangDelay4", &f.mnuHangDelay4, [](Core& c) { SetHangDelay(c, 4); }, {}, true},
+           {"mnuHangDelay8", &f.mnuHangDelay8, [](Core& c) { SetHangDelay(c, 8); }, {}, true},
+           {"mnuHangDelay16", &f.mnuHangDelay16, [](Core& c) { SetHangDelay(c, 16); }, {}, true},
+           {"mnuHangDelayPerm",
+            &f.mnuHangDelayPerm,
+            [](Core& c) { SetHangDelay(c, HangDelayPermanent); },
+            {},
+            true},
+           {"mnuHangDelayOnSignalLoss",
+            &f.mnuHangDelayOnSignalLoss,
+            mnuHangDelayOnSignalLoss_Click,
+            {},
+            true}});
 
     // Talk speed: how often the poll tick runs.
     QMenu* talk = Submenu(options, "mnuTalkSpeed", "&Talk speed");
@@ -152,8 +164,12 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
     QMenu* scanSpeed = Submenu(options, "mnuScanSpeed", "S&can speed");
     for (int i = 0; i < 5; ++i)
         Item(kit, scanSpeed,
-             {QString("mnuScanSpeed%1").arg(i + 1), &f.mnuScanSpeed[i], {}, {}, true});
-    Items(kit, options, {{"mnuUseSquelch", &f.mnuUseSquelch, {}, {}, true}});
+             {QString("mnuScanSpeed%1").arg(i + 1),
+              &f.mnuScanSpeed[i],
+              [i](Core& c) { mnuScanSpeed_Click(c, i + 1); },
+              {},
+              true});
+    Items(kit, options, {{"mnuUseSquelch", &f.mnuUseSquelch, mnuUseSquelch_Click, {}, true}});
     options->addSeparator()->setObjectName("mnuOptionsLine2");
     Items(kit, options,
           {{"mnuXvtr", &f.mnuXvtr, mnuXvtr_Click, Qt::Key_F5, true},
@@ -173,13 +189,14 @@ void BuildMenus(ViewKit& kit, QMainWindow* window) {
     }
 
     Items(kit, Menu(bar, "mnuScan", "Scan"),
-          {{"mnuStart", &f.mnuStart, {}, QKeySequence(Qt::CTRL | Qt::Key_S)},
-           {"mnuStop", &f.mnuStop, {}, QKeySequence(Qt::CTRL | Qt::Key_T)},
-           {"mnuHold", &f.mnuHold, {}, QKeySequence(Qt::CTRL | Qt::Key_H)},
-           {"mnuResume", &f.mnuResume, {}, QKeySequence(Qt::CTRL | Qt::Key_R)}});
+          {{"mnuStart", &f.mnuStart, mnuStart_Click, QKeySequence(Qt::CTRL | Qt::Key_S)},
+           {"mnuStop", &f.mnuStop, mnuStop_Click, QKeySequence(Qt::CTRL | Qt::Key_T)},
+           {"mnuHold", &f.mnuHold, mnuHold_Click, QKeySequence(Qt::CTRL | Qt::Key_H)},
+           {"mnuResume", &f.mnuResume, mnuResume_Click, QKeySequence(Qt::CTRL | Qt::Key_R)}});
 
     Items(kit, Menu(bar, "mnuHelpTitle", "Help"),
-          {{"mnuHelp", &f.mnuHelp, {}, Qt::Key_F1}, {"mnuAbout", &f.mnuAbout, {}}});
+          {{"mnuHelp", &f.mnuHelp, mnuHelp_Click, Qt::Key_F1},
+           {"mnuAbout", &f.mnuAbout, mnuAbout_Click}});
 }
 
 }  // namespace veldor

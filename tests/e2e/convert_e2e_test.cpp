@@ -1,0 +1,125 @@
+// The real program converts a TM-D700 memory file: Tools -> "Convert freq files..." with the
+// link on opens the window at the next tick, a file is read and written back over itself, and
+// the link is taken again when the window closes.
+#include "ui/application.h"
+#include "ui/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+bool Eventually(const std::function<bool()>& done, int ms) {
+    QElapsedTimer t;
+    t.start();
+    while (!done() && t.elapsed() < ms) QTest::qWait(20);
+    return done();
+}
+
+// Runs act on the first visible top-level window of type W once it shows.
+template <typename W>
+void WhenShown(std::function<void(W*)> act) {
+    QTimer::singleShot(100, [act] {
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (auto* window = qobject_cast<W*>(w); window && window->isVisible()) {
+                act(window);
+                return;
+            }
+        }
+        WhenShown<W>(act);
+    });
+}
+
+void AnswerOpenDialog(const QString& path) {
+    WhenShown<QFileDialog>([path](QFileDialog* dialog) {
+        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+}
+
+void AnswerBox(QString* text) {
+    WhenShown<QMessageBox>([text](QMessageBox* box) {
+        *text = box->text();
+        box->accept();
+    });
+}
+
+TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
+    QTemporaryDir dir;
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    QDir().mkpath(dir.path() + "/VELDOR");
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nPollingDelay=0\n"
+                      "HomeDir=%1\n")
+                  .arg(dir.path())
+                  .toUtf8());
+    ini.close();
+    const QString path = dir.path() + "/radio.700";
+    const QByteArray original =
+        "[TM-D700]\r\nMEMORY\r\n"
+        "001\t00145500000\t0\t2\t0\t1\t0\t0\t09\t0010\t09\t000600000\t0\t0\t\t\t\tRPT-A\r\n"
+        "002\t00433500000\t0\t0\t0\t0\t0\t1\t09\t0230\t09\t000000000\t0\t1\t\t\t\t\r\n"
+        "CALL\t00145000000\r\nEND\r\n";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(original);
+    file.close();
+
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    const veldor::Core& c = app.core();
+    ASSERT_TRUE(Eventually([&] { return !c.f.txtVfoA.text.isEmpty(); }, 5000));
+
+    int rowsShown = 0;
+    QString exported, statusWhileOpen;
+    bool done = false;
+    WhenShown<QDialog>([&](QDialog* window) {
+        ASSERT_EQ(window->objectName(), "frmConvert");
+        ASSERT_EQ(window->windowTitle(), "VELDOR - Convert memory files");
+        statusWhileOpen = QString::number(c.p.tmrPollInterval->enabled());
+        // On the option's circle, at its left.
+        auto* d700 = window->findChild<QRadioButton*>("optProgFile_1");
+        QTest::mouseClick(d700, Qt::LeftButton, {}, QPoint(8, d700->height() / 2));
+        AnswerOpenDialog(path);
+        QTest::mouseClick(window->findChild<QPushButton*>("cmdLoadFile"), Qt::LeftButton);
+        rowsShown = window->findChild<QTableView*>("grdMemories")->model()->rowCount();
+        AnswerOpenDialog(path);
+        AnswerBox(&exported);
+        QTest::mouseClick(window->findChild<QPushButton*>("cmdExportKenwood"), Qt::LeftButton);
+        if (const QString shots = qEnvironmentVariable("VELDOR_SHOTS"); !shots.isEmpty())
+            window->grab().save(shots + "/frmConvert.png");
+        QTest::mouseClick(window->findChild<QPushButton*>("cmdExit"), Qt::LeftButton);
+        done = true;
+    });
+    app.window().findChild<QAction*>("mnuConvert")->trigger();
+    ASSERT_TRUE(Eventually([&] { return done; }, 20000));
+    EXPECT_EQ(rowsShown, 2);
+    EXPECT_EQ(exported, "Export to Kenwood complete");
+    EXPECT_EQ(statusWhileOpen, "0");  // the poll stands still while the window is open
+    QFile written(path);
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromLatin1(written.readAll()), QString::fromLatin1(original));
+    EXPECT_TRUE(QFile::exists(path + ".BAK"));
+    EXPECT_TRUE(Eventually([&] { return c.p.tmrPollInterval->enabled(); }, 5000));
+    app.closeForSignal();
+}
+
+}  // namespace
