@@ -317,6 +317,8 @@ TEST(WindowPerRig, ShowsTheFrameAndModeButtonsOfTheRig) {
         QTest::qWait(300);
         for (QGroupBox* box : app.window().findChildren<QGroupBox*>()) {
             if (!box->objectName().startsWith("frm")) continue;
+            // The scan's and the sweep's frames stand on every rig.
+            if (box->objectName() == "frmStop" || box->objectName() == "frmSpectrum") continue;
             EXPECT_EQ(box->isVisible(), box->objectName() == row.frame)
                 << row.rig << " " << box->objectName().toStdString();
         }
