@@ -20,8 +20,8 @@ const char* const kFilters[] = {
     "Kenwood memory files (*.700)|*.700|All Files (*.*)|*.*",
     "Kenwood memory files (*.D7G)|*.D7G|All Files (*.*)|*.*",
     "Kenwood memory files (*.D7)|*.D7|All Files (*.*)|*.*",
-    "ARRL repeater (pre Ver 7) files (*.tpe)|*.tpe|ARRL repeater (Ver 7) files (*.CSV)|*.CSV|"
-    "All Files (*.*)|*.*",
+    ("ARRL repeater (pre Ver 7) files (*.tpe)|*.tpe|ARRL repeater (Ver 7) files (*.CSV)|*.CSV|"
+     "All Files (*.*)|*.*"),
 };
 
 void Box(Core& c, const QString& text) {
