@@ -11,8 +11,10 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QLocale>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStatusBar>
 #include <QUrl>
 
 #include <cstdlib>
@@ -126,12 +128,12 @@ QString QtDialogs::openFileName(const QString& title, const QString& folder, con
 }
 
 void QtDialogs::notice(const QString& text, const QString& title) {
-    auto* box = new QMessageBox(QMessageBox::Information, title, text, QMessageBox::Ok,
-                                parent ? parent() : nullptr);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setAttribute(Qt::WA_ShowWithoutActivating);
-    box->setModal(false);
-    box->show();
+    // On the main window's status line: no box to answer, and nothing held up.
+    if (auto* main = qobject_cast<QMainWindow*>(parent ? parent() : nullptr)) {
+        main->statusBar()->showMessage(text, 30000);
+        return;
+    }
+    messageBox(text, title, MsgButtons::OK, MsgIcon::Information);
 }
 
 QList<QPair<QString, QString>> QtSystem::serialPorts() {

@@ -19,8 +19,7 @@ class QtDialogs : public Dialogs {
     QString browseForFolder(const QString& prompt) override;
     QString saveFileName(const QString& title, const QString& folder, const QString& filter,
                          int filterIndex) override;
-    // A box that stays on screen until closed, taking neither the keyboard nor the window's
-    // activation.
+    // A line on the main window's status bar for half a minute.
     void notice(const QString& text, const QString& title) override;
     QString openFileName(const QString& title, const QString& folder, const QString& filter,
                          int filterIndex) override;
