@@ -95,10 +95,17 @@ void MainWindow::rescale(double scale) {
     QApplication::setFont(font);
     // The boxes with a font of their own (the fixed-pitch displays) keep their face and grow too.
     for (QWidget* w : QApplication::allWidgets()) {
-        if (!w->testAttribute(Qt::WA_SetFont)) continue;
-        QFont own = w->font();
-        own.setPointSizeF(own.pointSizeF() * ratio);
-        w->setFont(own);
+        if (w->testAttribute(Qt::WA_SetFont)) {
+            QFont own = w->font();
+            own.setPointSizeF(own.pointSizeF() * ratio);
+            w->setFont(own);
+        }
+        // A control coloured by a style sheet keeps the type it was polished with until it is
+        // polished again.
+        if (!w->styleSheet().isEmpty()) {
+            w->style()->unpolish(w);
+            w->style()->polish(w);
+        }
     }
     fitToScreen();
 }
