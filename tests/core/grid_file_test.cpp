@@ -77,6 +77,13 @@ TEST(CsvImport, ReportsEachFaultOfARecordAndReadsOn) {
     EXPECT_EQ(second[12], "d");
 }
 
+TEST(CsvImport, FrequenciesRoundToFiveDecimals) {
+    const CsvImport in = Read(kHeader + "1,145.123456,FM,Split,145.000004,FM,,,Freq,,Y,0,\r\n");
+    ASSERT_EQ(in.rows.size(), 1u);
+    EXPECT_EQ(in.rows[0].cells[1], "145.12346");
+    EXPECT_EQ(in.rows[0].cells[4], "145.00000");
+}
+
 TEST(CsvImport, EitherDelimiterReadsUnderEitherLocale) {
     const struct {
         QByteArray file;

@@ -80,5 +80,20 @@ TEST(GridGoTo, OffsetsUpTo7600KilohertzAndRefusals) {
     EXPECT_EQ(off.c.f.txtMemoryTag.text, "before");
 }
 
+TEST(GridGoTo, NothingIsTunedWhileTheRigTransmitsOrScans) {
+    using Flag = bool State::*;
+    for (Flag busy : {Flag{&State::Transmitting}, Flag{&State::ScanRunning}}) {
+        Tuned st(RigFT817);
+        st.c.s.*busy = true;
+        MemoryGrid& g = st.c.frmCsvMem.grdMemories;
+        g.rows[1].cells = {"1", "7.00000", "LSB",   "Simplex", "",  "", "",
+                           "",  "Freq",    "after", "Y",       "0", ""};
+        g.Row = 1;
+        mnuGoTo_Click(st.c);
+        EXPECT_FALSE(st.c.s.FrequencyChangePending);
+        EXPECT_NE(st.c.f.txtMemoryTag.text, "after");
+    }
+}
+
 }  // namespace
 }  // namespace veldor::test

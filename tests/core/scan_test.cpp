@@ -283,6 +283,19 @@ TEST(ScanSources, StartRefusesASourceWithNothingToScan) {
     }
 }
 
+TEST(ScanRefusals, NoScanStartsWhileTheRigTransmitsOrSweeps) {
+    using Flag = bool State::*;
+    for (Flag busy : {Flag{&State::Transmitting}, Flag{&State::SpectrumRunning}}) {
+        Scanner sc;
+        sc.range("14.100", "14.200", "5.0");
+        sc.c.s.*busy = true;
+        sc.start(None);
+        EXPECT_FALSE(sc.c.s.ScanRunning);
+        EXPECT_FALSE(sc.c.s.FrequencyChangePending);
+        EXPECT_EQ(sc.caption(), "Start");
+    }
+}
+
 TEST(ScanRefusals, TheOperatorAndSharingClientsWaitWhileAScanRuns) {
     Scanner sc;
     sc.range("14.100", "14.200", "5.0");

@@ -40,6 +40,11 @@ TEST(SpectrumMath, GridCursorSliderAndTexts) {
     EXPECT_EQ(SpectrumTextValue("0,5", ",", 50000), 50);
 }
 
+TEST(SpectrumMath, AMegahertzTextRoundsToTheNearestUnit) {
+    EXPECT_EQ(SpectrumTextValue("0.0175", ".", 1750), 2);
+    EXPECT_EQ(SpectrumTextValue("0.0125", ".", 1250), 1);
+}
+
 struct Sweep : OnAir {
     Sweep() : OnAir(RigFT817) {}
     void start() {

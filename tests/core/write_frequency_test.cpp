@@ -118,6 +118,12 @@ TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     }
 }
 
+TEST(SetFrequencyAndMode, TheFt817SendsDigByItsOwnCode) {
+    Wire w("FT817", Bytes({0}));
+    Write(w, 1425000, "DIG");
+    EXPECT_EQ(w.hex().left(14), "0a 00 00 00 07");
+}
+
 TEST(SetFrequencyAndMode, Ft450UserLsbGoesWithoutItsSemicolon) {
     Wire w(RigFT450);
     Write(w, 1425000, "USRL");
