@@ -1,5 +1,6 @@
-// The handlers of frmConvert: reading a Kenwood or repeater file into the window's grid, and
-// writing the grid over a Kenwood file of the chosen family.
+// The handlers of frmConvert: reading a Kenwood or repeater file, or importing a memory CSV
+// file, into the window's grid; writing the grid over a Kenwood file of the chosen family, or
+// as a memory CSV file.
 #include "convert/convert.h"
 #include "grid/csv_file.h"
 #include "link/catalogue.h"
@@ -173,11 +174,66 @@ void cmdExportKenwood_Click(Core& c) {
     EnableConvertButtons(c);
 }
 
+void cmdImport_Click(Core& c) {
+    c.s.FieldDelimiter = c.s.DecimalSeparator == "." ? "," : ";";
+    DisableConvertButtons(c);
+    // Every way out enables the buttons again.
+    struct Enable {
+        Core& c;
+        ~Enable() { EnableConvertButtons(c); }
+    } enable{c};
+
+    QString name = c.p.dialogs->openFileName("Open", c.s.HomeDir, CsvFileFilter, 1);
+    if (name.isEmpty()) return;
+    if (!name.toUpper().endsWith(".CSV")) name += ".CSV";
+    if (!QFileInfo(name).isFile()) {
+        Box(c, "Filename " + name + " does not exist");
+        return;
+    }
+    QByteArray bytes;
+    if (!ReadWhole(c, name, &bytes)) return;
+
+    // The memory grid's reader, with the tone lists of this window whatever the rig.
+    FrmConvert& f = c.frmConvert;
+    CsvRules rules{c.s.RigType, f.cboCTCSS.list, f.cboDCS.list, ConvertToneKinds};
+    rules.emptyTxIsDefault = false;
+    rules.reportNumericName = true;
+    QChar delimiter = c.s.FieldDelimiter[0];
+    CsvImport in = ReadCsvFile(bytes, delimiter, c.s.DecimalSeparator[0], rules);
+    c.s.FieldDelimiter = delimiter;
+    if (!in.headerValid) {
+        Box(c, "First record is not a valid header record - import aborted");
+        return;
+    }
+    for (const QString& message : in.messages) ReportMessage(c, message);
+    if (in.failedRecord > 0) {
+        c.p.dialogs->messageBox(CsvFailureText(in), "VELDOR", MsgButtons::OK, MsgIcon::Critical);
+        return;
+    }
+    if (!in.messages.isEmpty() &&
+        c.p.dialogs->messageBox(
+            "One or more errors existing in this file. Do you want to try to load it?", "VELDOR",
+            MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No)
+        return;
+
+    // The file's records replace whatever the grid held, numbered from 1.
+    ConvertGrid& grid = f.grdMemories;
+    grid.rows.resize(1);
+    grid.rows.reserve(in.rows.size() + 1);
+    for (GridRow& row : in.rows) {
+        grid.rows.push_back(std::move(row.cells));
+        grid.rows.back()[0] = QString::number(grid.rows.size() - 1);
+    }
+    grid.row = grid.col = 1;
+    ++grid.generation;
+    f.lblFileLoaded.caption = name + " ";
+    c.s.GridLoaded = true;
+}
+
 void cmdExport_Click(Core& c) {
     c.s.FieldDelimiter = c.s.DecimalSeparator == "." ? "," : ";";
     DisableConvertButtons(c);
-    QString name = c.p.dialogs->saveFileName(
-        "Save As", c.s.HomeDir, "Memories CSV Files (*.CSV)|*.CSV|All Files (*.*)|*.*", 1);
+    QString name = c.p.dialogs->saveFileName("Save As", c.s.HomeDir, CsvFileFilter, 1);
     if (!name.isEmpty() && !name.toUpper().endsWith(".CSV")) name += ".CSV";
     const bool refused =
         name.isEmpty() || (QFileInfo::exists(name) &&

@@ -71,11 +71,10 @@ ConvertWindow::ConvertWindow(Core& c, Views& views, QWidget* parent)
          kit_.options(rigTypes, "optProgFile", f.optProgFile, {}, optProgFile_Click))
         options->addWidget(option);
 
-    // Import CSV is not built yet: without a handler it stands disabled.
     auto* buttons = new QVBoxLayout();
     buttons->addWidget(rigTypes);
     buttons->addWidget(kit_.button(this, "cmdLoadFile", f.cmdLoadFile, cmdLoadFile_Click));
-    buttons->addWidget(kit_.button(this, "cmdImport", f.cmdImport, {}));
+    buttons->addWidget(kit_.button(this, "cmdImport", f.cmdImport, cmdImport_Click));
     buttons->addWidget(kit_.button(this, "cmdExport", f.cmdExport, cmdExport_Click));
     buttons->addWidget(
         kit_.button(this, "cmdExportKenwood", f.cmdExportKenwood, cmdExportKenwood_Click));
