@@ -81,7 +81,11 @@ bool ReplaceKeepingBackup(Core& c, const QString& name, const QByteArray& bytes)
 }
 
 std::vector<MemoryRow> MemoryRows(const FrmConvert& f) {
-    return {f.grdMemories.rows.begin() + 1, f.grdMemories.rows.end()};
+    std::vector<MemoryRow> rows;
+    rows.reserve(f.grdMemories.rows.size());
+    for (size_t r = 1; r < f.grdMemories.rows.size(); ++r)
+        rows.push_back(f.grdMemories.rows[r].cells);
+    return rows;
 }
 
 }  // namespace
@@ -107,10 +111,11 @@ void optProgFile_Click(Core& c, int index) {
 }
 
 void ClearConvertGrid(Core& c) {
-    ConvertGrid& grid = c.frmConvert.grdMemories;
-    for (size_t r = 1; r < grid.rows.size(); ++r) grid.rows[r] = MemoryRow{};
-    grid.rows[0] = ColumnHeadings();
-    ++grid.generation;
+    MemoryGrid& grid = c.frmConvert.grdMemories;
+    if (grid.rows.empty()) grid.rows.resize(1);
+    for (size_t r = 1; r < grid.rows.size(); ++r) grid.rows[r] = GridRow{};
+    grid.rows[0].cells = ColumnHeadings();
+    ++grid.revision;
 }
 
 void DisableConvertButtons(Core& c) {
@@ -139,11 +144,11 @@ void cmdLoadFile_Click(Core& c) {
     } else if (rows.empty()) {
         Box(c, "No memory records found - please try another file");
     } else {
-        ConvertGrid& grid = c.frmConvert.grdMemories;
+        MemoryGrid& grid = c.frmConvert.grdMemories;
         grid.rows.resize(rows.size() + 1);
         ClearConvertGrid(c);
-        std::copy(rows.begin(), rows.end(), grid.rows.begin() + 1);
-        grid.row = grid.col = 1;
+        for (size_t r = 0; r < rows.size(); ++r) grid.rows[r + 1].cells = std::move(rows[r]);
+        grid.Row = grid.Col = 1;
         c.frmConvert.lblFileLoaded.caption = name + " ";
         c.s.GridLoaded = true;
     }
@@ -217,15 +222,15 @@ void cmdImport_Click(Core& c) {
         return;
 
     // The file's records replace whatever the grid held, numbered from 1.
-    ConvertGrid& grid = f.grdMemories;
+    MemoryGrid& grid = f.grdMemories;
     grid.rows.resize(1);
     grid.rows.reserve(in.rows.size() + 1);
     for (GridRow& row : in.rows) {
-        grid.rows.push_back(std::move(row.cells));
-        grid.rows.back()[0] = QString::number(grid.rows.size() - 1);
+        row.cells[0] = QString::number(grid.rows.size());
+        grid.rows.push_back(std::move(row));
     }
-    grid.row = grid.col = 1;
-    ++grid.generation;
+    grid.Row = grid.Col = 1;
+    ++grid.revision;
     f.lblFileLoaded.caption = name + " ";
     c.s.GridLoaded = true;
 }
@@ -242,10 +247,8 @@ void cmdExport_Click(Core& c) {
                                "VELDOR", MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No);
     if (!refused) {
         // The memory grid's writer; here a row without a receive frequency is left out.
-        std::vector<GridRow> rows;
-        for (const MemoryRow& row : c.frmConvert.grdMemories.rows) rows.push_back({row, false});
-        const QByteArray bytes =
-            WriteCsvRows(rows, c.s.FieldDelimiter[0], c.s.DecimalSeparator[0], false, 1);
+        const QByteArray bytes = WriteCsvRows(c.frmConvert.grdMemories.rows, c.s.FieldDelimiter[0],
+                                              c.s.DecimalSeparator[0], false, 1);
         QSaveFile file(name);
         if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
             Box(c, "Export completed");
