@@ -44,6 +44,9 @@ void RigctldServer::accept() {
     while (QTcpSocket* socket = server_.nextPendingConnection()) {
         auto client = std::make_unique<Client>();
         client->socket = socket;
+        // The system's own buffer for the replies is kept small, so that what a client leaves
+        // unread waits here, where the limit on it is kept, and not in a buffer of megabytes.
+        socket->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, 64 * 1024);
         client->name = socket->peerAddress().toString() + ":" + QString::number(socket->peerPort());
         Client* raw = client.get();
         clients_.push_back(std::move(client));
