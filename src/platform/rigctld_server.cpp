@@ -50,8 +50,11 @@ void RigctldServer::accept() {
         client->name = socket->peerAddress().toString() + ":" + QString::number(socket->peerPort());
         Client* raw = client.get();
         clients_.push_back(std::move(client));
+        // In pieces: a client that sends thousands of reads at once is answered piece by
+        // piece, and once it is let go for leaving its replies unread, the rest costs nothing.
         connect(socket, &QTcpSocket::readyRead, this, [this, raw] {
-            send(*raw, RigctlReceive(c_, raw->session, raw->socket->readAll()));
+            while (!raw->dropped && raw->socket->bytesAvailable() > 0)
+                send(*raw, RigctlReceive(c_, raw->session, raw->socket->read(4096)));
         });
         connect(socket, &QTcpSocket::disconnected, this, [this, raw] { leave(raw); });
         ReportMessage(c_, "Rig sharing: " + raw->name + " connected");
