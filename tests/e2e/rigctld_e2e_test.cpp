@@ -51,6 +51,12 @@ class SharedRig : public ::testing::Test {
         rigsim.start(QStringLiteral(VELDOR_RIGSIM),
                      {"--rig", rig, "--link", link, "--state-file", stateFile});
         ASSERT_TRUE(rigsim.waitForReadyRead(5000));
+        quint16 port = 0;
+        {
+            QTcpServer probe;  // a port that is free now: tests run side by side
+            ASSERT_TRUE(probe.listen(QHostAddress::LocalHost));
+            port = probe.serverPort();
+        }
         QDir().mkpath(dir.path() + "/VELDOR");
         QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
