@@ -60,14 +60,6 @@ class SharedRig : public ::testing::Test {
         QDir().mkpath(dir.path() + "/VELDOR");
         QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        // A port that is free now: 0 is no port to the program, which would take 4532 and
-        // meet the same test running beside this one.
-        quint16 port = 0;
-        {
-            QTcpServer probe;
-            ASSERT_TRUE(probe.listen(QHostAddress::LocalHost));
-            port = probe.serverPort();
-        }
         ini.write(("[Settings]\nRigType=" + rig + "\nAutoStart=Yes\nCommport=" + link +
                    "\nHomeDir=" + dir.path() +
                    "\nRigctldEnabled=Y\nRigctldPort=" + QString::number(port) + "\n")
