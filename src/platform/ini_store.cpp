@@ -142,7 +142,12 @@ IniStore::Document IniStore::load(const QString& path) {
     if (why.isEmpty()) {
         QFile file(path);
         if (file.open(QIODevice::ReadOnly)) {
-            data = file.read(kSizeLimit + 1);
+            // In pieces: a read of the whole limit at once would take 16 MB for every file.
+            while (data.size() <= kSizeLimit) {
+                const QByteArray piece = file.read(64 * 1024);
+                if (piece.isEmpty()) break;
+                data += piece;
+            }
             if (data.size() > kSizeLimit) why = "it is too large";
         } else {
             why = file.errorString();

@@ -44,11 +44,17 @@ void RigctldServer::accept() {
     while (QTcpSocket* socket = server_.nextPendingConnection()) {
         auto client = std::make_unique<Client>();
         client->socket = socket;
+        // The system's own buffer for the replies is kept small, so that what a client leaves
+        // unread waits here, where the limit on it is kept, and not in a buffer of megabytes.
+        socket->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, 64 * 1024);
         client->name = socket->peerAddress().toString() + ":" + QString::number(socket->peerPort());
         Client* raw = client.get();
         clients_.push_back(std::move(client));
+        // In pieces: a client that sends thousands of reads at once is answered piece by
+        // piece, and once it is let go for leaving its replies unread, the rest costs nothing.
         connect(socket, &QTcpSocket::readyRead, this, [this, raw] {
-            send(*raw, RigctlReceive(c_, raw->session, raw->socket->readAll()));
+            while (!raw->dropped && raw->socket->bytesAvailable() > 0)
+                send(*raw, RigctlReceive(c_, raw->session, raw->socket->read(4096)));
         });
         connect(socket, &QTcpSocket::disconnected, this, [this, raw] { leave(raw); });
         ReportMessage(c_, "Rig sharing: " + raw->name + " connected");
