@@ -54,13 +54,22 @@ GridWindow::GridWindow(Core& c, Views& views, QWidget* parent)
     setWindowTitle(c.frmCsvMem.caption);
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(buildFilterStrip(page));
-    layout->addWidget(buildEditPanel(page));
+    // The width to go back to when the edit panel closes, taken before a render shows it.
+    kit_.onRender([this] {
+        if (!editing_) browsingWidth_ = width();
+    });
+    strip_ = buildFilterStrip(page);
+    layout->addWidget(strip_);
+    panel_ = buildEditPanel(page);
+    layout->addWidget(panel_);
     buildTable(page);
     layout->addWidget(table_, 1);
     setCentralWidget(page);
     buildMenus();
-    kit_.onRender([this] { showGrid(); });
+    kit_.onRender([this] {
+        showGrid();
+        followEditPanel();
+    });
 
     const FrmCsvMem& w = c.frmCsvMem;
     if (c.s.ScreenSize != "None") {
@@ -158,6 +167,8 @@ QWidget* GridWindow::buildEditPanel(QWidget* parent) {
     second->addWidget(show);
     QLineEdit* name = kit_.textBox(panel, "txtName", w.txtName);
     Checked(kit_, name, CheckName);
+    // Room for the eight characters a name may have.
+    name->setMinimumWidth(name->fontMetrics().horizontalAdvance(QString(9, 'W')));
     labelled(second, "&Name", name);
     second->addWidget(kit_.check(panel, "chkScan", w.chkScan, [](Core&) {}));
     QLineEdit* group = kit_.textBox(panel, "txtGroup", w.txtGroup);
@@ -261,6 +272,27 @@ void GridWindow::showGrid() {
     if (table_->currentIndex() != current) {
         table_->setCurrentIndex(current);
         table_->scrollTo(current);
+    }
+}
+
+// The edit panel takes the filter strip's place: the window grows by the difference of their
+// heights, so that the grid keeps its height, and gives it back when the panel closes. A
+// maximised window keeps its size.
+void GridWindow::followEditPanel() {
+    const bool editing = kit_.core().frmCsvMem.frmEdit.visible;
+    if (editing == editing_) return;
+    editing_ = editing;
+    if (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) return;
+    // The frames have changed places; the window takes its new size before it is laid out
+    // again, so the grid neither jumps nor is squeezed for a moment. A panel wider than the
+    // window widens it, for as long as it shows.
+    centralWidget()->layout()->activate();
+    layout()->activate();
+    if (editing) {
+        grownBy_ = panel_->sizeHint().height() - strip_->height();
+        resize(std::max(browsingWidth_, minimumSizeHint().width()), height() + grownBy_);
+    } else {
+        resize(browsingWidth_, height() - grownBy_);
     }
 }
 
