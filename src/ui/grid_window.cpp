@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -95,8 +96,10 @@ QWidget* GridWindow::buildFilterStrip(QWidget* parent) {
                                    [i](Core& c) { chkFilter_Click(c, i); });
         on->setAccessibleName(groupNames[i]);
         row->addWidget(on);
-        QComboBox* group = kit_.combo(strip, QString("cboShow_%1").arg(i), w.cboShow[i],
-                                      [i](Core& c) { cboShow_Click(c, i); });
+        // A group may be picked or typed.
+        QComboBox* group = kit_.editableCombo(strip, QString("cboShow_%1").arg(i), w.cboShow[i],
+                                              [i](Core& c) { cboShow_Click(c, i); });
+        group->setMinimumContentsLength(2);
         group->setAccessibleName(QString("Group %1").arg(i + 1));
         kit_.lostFocus(group, [i](Core& c) {
             cboShow_Validate(c, i);
@@ -110,7 +113,10 @@ QWidget* GridWindow::buildFilterStrip(QWidget* parent) {
         kit_.check(strip, "chkFilter_3", w.chkFilter[3], [](Core& c) { chkFilter_Click(c, 3); });
     byMode->setAccessibleName("Show Mode filter");
     row->addWidget(byMode);
-    QComboBox* mode = kit_.combo(strip, "cboModeFilter", w.cboModeFilter, cboModeFilter_Click);
+    // "All" and "SSB" are typed, as no mode of the list is called so.
+    QComboBox* mode =
+        kit_.editableCombo(strip, "cboModeFilter", w.cboModeFilter, cboModeFilter_Click);
+    mode->setMinimumContentsLength(4);
     mode->setAccessibleName("Mode to show");
     row->addWidget(mode);
     row->addSpacing(8);
@@ -320,6 +326,10 @@ void GridWindow::resizeEvent(QResizeEvent* event) {
 void GridWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     table_->resizeColumnsToContents();
+    // The columns are narrower now than when the current cell was first scrolled to: the grid
+    // starts again from its left edge.
+    table_->horizontalScrollBar()->setValue(0);
+    table_->scrollTo(table_->currentIndex());
 }
 
 void GridWindow::changeEvent(QEvent* event) {

@@ -57,7 +57,8 @@ struct Operator {
         });
     }
     void start() {
-        QTimer::singleShot(100, [this] {
+        // The operator's timer goes with the operator.
+        QTimer::singleShot(100, &alive, [this] {
             if (steps.empty()) return;
             for (QWidget* w : QApplication::topLevelWidgets())
                 if (w->isVisible() && steps.front()(w)) {
@@ -69,6 +70,7 @@ struct Operator {
     }
     std::vector<std::function<bool(QWidget*)>> steps;
     QStringList texts;
+    QObject alive;
 };
 
 TEST(MemoryGridInTheProgram, AddsACsvFileAndSavesItThroughTheDialogs) {
