@@ -44,7 +44,8 @@ MainWindow::MainWindow(Core& core, Views& views)
     right->addWidget(BuildMemoriesGroup(kit_, central));
     right->addWidget(BuildNotesGroup(kit_, central));
     right->addWidget(BuildScanGroup(kit_, central));
-    right->addWidget(BuildSpectrumGroup(kit_, central));
+    QWidget* spectrum = BuildSpectrumGroup(kit_, central);
+    right->addWidget(spectrum);
     right->addStretch();
     columns->addLayout(left, 3);
     columns->addLayout(right, 2);
@@ -56,6 +57,7 @@ MainWindow::MainWindow(Core& core, Views& views)
     page->addStretch();
     setCentralWidget(central);
     BuildMenus(kit_, this);
+    FollowSpectrumOnly(kit_, spectrum);
 
     kit_.onRender([this] {
         if (windowTitle() != c_.f.caption) setWindowTitle(c_.f.caption);

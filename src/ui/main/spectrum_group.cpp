@@ -134,32 +134,6 @@ QComboBox* EditableCombo(ViewKit& kit, QWidget* parent, const QString& name, Com
     return box;
 }
 
-// "Spectrum display only": the other groups of the window step aside.
-void FollowSpectrumOnly(ViewKit& kit, QGroupBox* box) {
-    auto compact = std::make_shared<bool>(false);
-    kit.onRender([&kit, box, compact] {
-        const bool only = kit.core().f.mnuSpectrumOnly.checked;
-        QWidget* page = box->parentWidget();
-        if (!page) return;
-        const auto others = page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-        if (only) {
-            for (QWidget* w : others)
-                if (w != box && !w->isHidden()) w->hide();
-        }
-        if (only == *compact) return;
-        *compact = only;
-        QWidget* window = box->window();
-        if (only) {
-            window->adjustSize();
-            window->resize(window->minimumSizeHint());
-        } else {
-            for (QWidget* w : others) w->show();
-            const Form1& f = kit.core().f;
-            window->resize(f.width / 15, f.height / 15);
-        }
-    });
-}
-
 }  // namespace
 
 QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent) {
@@ -205,8 +179,43 @@ QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent) {
     auto* row = new QHBoxLayout(box);
     row->addLayout(trace);
     row->addLayout(side);
-    FollowSpectrumOnly(kit, box);
     return box;
+}
+
+void FollowSpectrumOnly(ViewKit& kit, QWidget* spectrum) {
+    struct Compact {
+        bool on = false;
+        QSize before;
+        QList<QWidget*> hidden;  // the groups hidden here, and no others
+    };
+    auto compact = std::make_shared<Compact>();
+    kit.onRender([&kit, spectrum, compact] {
+        const bool only = kit.core().f.mnuSpectrumOnly.checked;
+        QWidget* page = spectrum->parentWidget();
+        if (!page || (!only && !compact->on)) return;
+        QWidget* window = spectrum->window();
+        if (only && !compact->on) compact->before = window->size();
+        // A render may have shown a group again: it steps aside at every render.
+        bool changed = only != compact->on;
+        if (only) {
+            for (QWidget* w : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                if (w == spectrum || w->isHidden()) continue;
+                w->hide();
+                if (!compact->hidden.contains(w)) compact->hidden << w;
+                changed = true;
+            }
+        } else {
+            for (QWidget* w : compact->hidden) w->show();
+            compact->hidden.clear();
+        }
+        compact->on = only;
+        if (!changed) return;
+        // The layouts learn of the hidden groups now rather than at their next turn, so the
+        // window's least size is the frame's when it is asked for.
+        page->layout()->activate();
+        window->layout()->activate();
+        window->resize(only ? window->minimumSizeHint() : compact->before);
+    });
 }
 
 }  // namespace veldor
