@@ -93,20 +93,18 @@ void ApplySplitMemory(Core& c) {
     const QString& rig = s.RigType;
     if (IsAckFamily(rig) || rig == RigFT920 || rig == RigFT1000MP) {
         // Transmit side on VFO B, receive side on VFO A, then split on.
-        s.VfoRequest = "B";
-        if (!SelectVfo(c)) return;
-        PauseWithEvents(c, 60);
-        s.TargetFrequency = s.SplitTxFrequency;
-        s.TargetMode = s.SplitTxMode;
-        SetFrequencyAndMode(c, s.TargetFrequency, s.TargetMode);
-        PauseWithEvents(c, 60);
-        s.VfoRequest = "A";
-        if (!SelectVfo(c)) return;
-        PauseWithEvents(c, 60);
-        s.TargetFrequency = s.SplitRxFrequency;
-        s.TargetMode = s.SplitRxMode;
-        SetFrequencyAndMode(c, s.TargetFrequency, s.TargetMode);
-        PauseWithEvents(c, 60);
+        const auto tune = [&](const char* vfo, const auto& frequency, const QString& mode) {
+            s.VfoRequest = vfo;
+            if (!SelectVfo(c)) return false;
+            PauseWithEvents(c, 60);
+            s.TargetFrequency = frequency;
+            s.TargetMode = mode;
+            SetFrequencyAndMode(c, s.TargetFrequency, s.TargetMode);
+            PauseWithEvents(c, 60);
+            return true;
+        };
+        if (!tune("B", s.SplitTxFrequency, s.SplitTxMode)) return;
+        if (!tune("A", s.SplitRxFrequency, s.SplitRxMode)) return;
         SetSplitBox(c, true);
     } else if (rig == RigFT847) {
         // No split in its CAT: the transmit side waits in the split pair for PTT.

@@ -77,6 +77,8 @@ bool Application::start(const QString& commandLine) {
     window_->place();
     window_->render();
     window_->show();
+    // Sized once shown, when the layouts know which of the rig's frames stand.
+    window_->fitToScreen();
     clockTimer_.setEnabled(true);
     tmrClock_Timer(c_);
     window_->render();

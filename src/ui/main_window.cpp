@@ -9,7 +9,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLayout>
 #include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace veldor {
@@ -25,8 +31,8 @@ MainWindow::MainWindow(Core& core, Views& views)
     auto* page = new QVBoxLayout(central);
     page->addWidget(BuildConnectionGroup(kit_, central));
 
-    // Two columns: the rig and how it is tuned on the left; transmit, repeater, the memories,
-    // notes and scanning on the right.
+    // Two columns: the rig, how it is tuned and the other windows on the left; transmit,
+    // repeater, the memories, notes, scanning and the sweep on the right.
     auto* columns = new QHBoxLayout();
     auto* left = new QVBoxLayout();
     QWidget* frequency = BuildFrequencyGroup(kit_, central);
@@ -37,25 +43,35 @@ MainWindow::MainWindow(Core& core, Views& views)
     left->addWidget(BuildMeterGroup(kit_, central));
     left->addWidget(BuildTuningGroup(kit_, central));
     left->addWidget(BuildBandsGroup(kit_, central));
+    left->addWidget(BuildWindowsGroup(kit_, central));
+    left->addWidget(BuildDelaysGroup(kit_, central));
     left->addStretch();
     auto* right = new QVBoxLayout();
-    right->addWidget(BuildTransmitGroup(kit_, central));
-    right->addWidget(BuildRepeaterGroup(kit_, central));
+    auto* keying = new QHBoxLayout();
+    keying->addWidget(BuildTransmitGroup(kit_, central));
+    keying->addWidget(BuildRepeaterGroup(kit_, central), 1);
+    right->addLayout(keying);
     right->addWidget(BuildMemoriesGroup(kit_, central));
     right->addWidget(BuildNotesGroup(kit_, central));
     right->addWidget(BuildScanGroup(kit_, central));
     QWidget* spectrum = BuildSpectrumGroup(kit_, central);
     right->addWidget(spectrum);
     right->addStretch();
-    columns->addLayout(left, 3);
-    columns->addLayout(right, 2);
+    columns->addLayout(left, 1);
+    columns->addLayout(right, 1);
     page->addLayout(columns);
-
-    page->addWidget(BuildWindowsGroup(kit_, central));
     page->addWidget(BuildModelFrames(kit_, central));
-    page->addWidget(BuildDelaysGroup(kit_, central));
     page->addStretch();
-    setCentralWidget(central);
+    // On a screen smaller than the window, the window takes the screen and its content scrolls.
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName("scrollForm1");
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setAccessibleName("Rig panel");
+    // Tab goes straight to the controls, and the area follows the focus.
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(central);
+    setCentralWidget(scroll);
     BuildMenus(kit_, this);
     FollowSpectrumOnly(kit_, spectrum);
 
@@ -81,12 +97,42 @@ void MainWindow::rescale(double scale) {
     QApplication::setFont(font);
     // The boxes with a font of their own (the fixed-pitch displays) keep their face and grow too.
     for (QWidget* w : QApplication::allWidgets()) {
-        if (!w->testAttribute(Qt::WA_SetFont)) continue;
-        QFont own = w->font();
-        own.setPointSizeF(own.pointSizeF() * ratio);
-        w->setFont(own);
+        if (w->testAttribute(Qt::WA_SetFont)) {
+            QFont own = w->font();
+            own.setPointSizeF(own.pointSizeF() * ratio);
+            w->setFont(own);
+        }
+        // A control coloured by a style sheet keeps the type it was polished with until it is
+        // polished again.
+        if (!w->styleSheet().isEmpty()) {
+            w->style()->unpolish(w);
+            w->style()->polish(w);
+        }
     }
-    adjustSize();
+    fitToScreen();
+}
+
+void MainWindow::fitToScreen() {
+    auto* scroll = static_cast<QScrollArea*>(centralWidget());
+    const QWidget* content = scroll->widget();
+    QSize want = content->sizeHint();
+    // Labels that wrap make the hinted height that of the narrowest layout.
+    if (content->hasHeightForWidth()) want.setHeight(content->heightForWidth(want.width()));
+    want.rheight() += menuBar()->sizeHint().height();
+    if (statusBar()->isVisible()) want.rheight() += statusBar()->sizeHint().height();
+    const QScreen* on = screen();
+    if (!on) {
+        resize(want);
+        return;
+    }
+    // The screen less the window's frame and title (guessed before the window first shows).
+    const QSize decoration = isVisible() ? frameGeometry().size() - size() : QSize(8, 32);
+    const QSize room = on->availableGeometry().size() - decoration;
+    // A scroll bar takes its room from the other direction.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (want.height() > room.height()) want.rwidth() += bar;
+    if (want.width() > room.width()) want.rheight() += bar;
+    resize(want.boundedTo(room));
 }
 
 void MainWindow::place() {

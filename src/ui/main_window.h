@@ -20,6 +20,9 @@ class MainWindow : public QMainWindow {
     // Puts the window where Form1 says.
     void place();
     MessagesWindow* messagesWindow() { return messages_; }
+    // Sizes the window to its content, within the screen's free area; the content scrolls when
+    // the screen is smaller.
+    void fitToScreen();
     ViewKit& kit() { return kit_; }
 
   protected:

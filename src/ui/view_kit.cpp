@@ -308,7 +308,13 @@ QLabel* ViewKit::light(QWidget* parent, const QString& name, const Label& model)
     QLabel* l = label(parent, name, model);
     l->setAlignment(Qt::AlignCenter);
     l->setFrameShape(QFrame::Panel);
-    l->setMinimumWidth(44);
+    // As wide as the longest caption a light has, in the type of the moment.
+    const auto fit = [l] { l->setMinimumWidth(l->fontMetrics().horizontalAdvance("TEMP") + 10); };
+    fit();
+    OnEvent(l, [fit](QEvent* e) {
+        if (e->type() == QEvent::FontChange) fit();
+        return false;
+    });
     l->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     return l;
 }

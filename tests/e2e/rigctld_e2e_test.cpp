@@ -51,11 +51,18 @@ class SharedRig : public ::testing::Test {
         rigsim.start(QStringLiteral(VELDOR_RIGSIM),
                      {"--rig", rig, "--link", link, "--state-file", stateFile});
         ASSERT_TRUE(rigsim.waitForReadyRead(5000));
+        quint16 port = 0;
+        {
+            QTcpServer probe;  // a port that is free now: tests run side by side
+            ASSERT_TRUE(probe.listen(QHostAddress::LocalHost));
+            port = probe.serverPort();
+        }
         QDir().mkpath(dir.path() + "/VELDOR");
         QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
         ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
         ini.write(("[Settings]\nRigType=" + rig + "\nAutoStart=Yes\nCommport=" + link +
-                   "\nHomeDir=" + dir.path() + "\nRigctldEnabled=Y\nRigctldPort=0\n")
+                   "\nHomeDir=" + dir.path() +
+                   "\nRigctldEnabled=Y\nRigctldPort=" + QString::number(port) + "\n")
                       .toUtf8());
         ini.close();
         app = std::make_unique<veldor::Application>();

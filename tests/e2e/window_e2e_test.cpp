@@ -17,6 +17,7 @@
 #include <QMainWindow>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -334,6 +335,10 @@ TEST(WindowPerRig, ShowsTheFrameAndModeButtonsOfTheRig) {
             EXPECT_FALSE(beyond->isVisible()) << row.rig;
         }
         CheckRigWindow(row.rig, app);
+        // The small test screen holds the whole window; its content scrolls inside.
+        const QSize screen = app.window().screen()->availableGeometry().size();
+        EXPECT_LE(app.window().width(), screen.width()) << row.rig;
+        EXPECT_LE(app.window().height(), screen.height()) << row.rig;
         const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
         if (!shots.isEmpty())
             app.window().grab().save(shots + "/window-" + QString(row.rig).toLower() + ".png");

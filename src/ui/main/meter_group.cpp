@@ -44,14 +44,22 @@ QWidget* BuildMeterGroup(ViewKit& kit, QWidget* parent) {
     QFont scaleFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     scaleFont.setPointSize(scaleFont.pointSize() + 3);
     scale->setFont(scaleFont);
-    const int barWidth = scale->fontMetrics().horizontalAdvance(scale->text()) + 4;
     QProgressBar* smeter = kit.bar(box, "pbarSmeter", f.pbarSmeter);
-    smeter->setFixedWidth(barWidth);
     auto* gotSignalText = new QLabel("Click below to set 'got a signal' s-meter level", box);
     gotSignalText->setObjectName("lblGotSignal");
     QProgressBar* threshold = kit.bar(box, "pbarGotSignal", f.pbarGotSignal);
     threshold->setMaximumHeight(10);
-    threshold->setFixedWidth(barWidth);
+    // Both bars as wide as the scale, also when the type is rescaled.
+    const auto fit = [scale, smeter, threshold] {
+        const int width = scale->fontMetrics().horizontalAdvance(scale->text()) + 4;
+        smeter->setFixedWidth(width);
+        threshold->setFixedWidth(width);
+    };
+    fit();
+    OnEvent(scale, [fit](QEvent* e) {
+        if (e->type() == QEvent::FontChange) fit();
+        return false;
+    });
     new ThresholdPress(kit, threshold);
     auto* bars = new QVBoxLayout();
     bars->addWidget(scale);

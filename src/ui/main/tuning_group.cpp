@@ -35,8 +35,19 @@ QListWidget* StepGridView(ViewKit& kit, QWidget* parent) {
     grid->setWrapping(true);
     grid->setResizeMode(QListView::Adjust);
     grid->setUniformItemSizes(true);
-    grid->setGridSize(QSize(48, 18));
-    grid->setFixedSize(3 * 48 + 8, 7 * 18 + 8);
+    // Three columns of seven, sized to the type so that a rescaled font still shows each step.
+    const auto fit = [grid] {
+        const QFontMetrics m = grid->fontMetrics();
+        const QSize cell(m.horizontalAdvance("12.5k") + m.averageCharWidth() * 2,
+                         m.lineSpacing() + 4);
+        grid->setGridSize(cell);
+        grid->setFixedSize(3 * cell.width() + 8, 7 * cell.height() + 8);
+    };
+    fit();
+    OnEvent(grid, [fit](QEvent* e) {
+        if (e->type() == QEvent::FontChange) fit();
+        return false;
+    });
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QObject::connect(grid, &QListWidget::currentRowChanged, grid, [&kit, &model](int row) {
@@ -181,6 +192,10 @@ QWidget* BuildTuningGroup(ViewKit& kit, QWidget* parent) {
     knob->setAccessibleName("Tuning knob");
     WheelTunes(kit, knob);
     knob->setFixedHeight(grid->height());
+    OnEvent(grid, [knob, grid](QEvent* e) {
+        if (e->type() == QEvent::Resize) knob->setFixedHeight(grid->height());
+        return false;
+    });
     layout->addWidget(grid);
     auto* knobColumn = new QVBoxLayout();
     auto* knobLabel = new QLabel("Knob", box);
