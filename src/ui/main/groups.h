@@ -39,9 +39,5 @@ QWidget* BuildMemoriesGroup(ViewKit& kit, QWidget* parent);
 QWidget* BuildScanGroup(ViewKit& kit, QWidget* parent);
 // The spectrum sweep: the trace, its boxes and buttons.
 QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent);
-// "Spectrum display only": the other groups step aside and the window shrinks to the
-// spectrum's frame; turned off, the groups come back and the window takes its former size.
-// Built after every group, so that it has the last word at each render.
-void FollowSpectrumOnly(ViewKit& kit, QWidget* spectrum);
 
 }  // namespace veldor

@@ -182,40 +182,4 @@ QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent) {
     return box;
 }
 
-void FollowSpectrumOnly(ViewKit& kit, QWidget* spectrum) {
-    struct Compact {
-        bool on = false;
-        QSize before;
-        QList<QWidget*> hidden;  // the groups hidden here, and no others
-    };
-    auto compact = std::make_shared<Compact>();
-    kit.onRender([&kit, spectrum, compact] {
-        const bool only = kit.core().f.mnuSpectrumOnly.checked;
-        QWidget* page = spectrum->parentWidget();
-        if (!page || (!only && !compact->on)) return;
-        QWidget* window = spectrum->window();
-        if (only && !compact->on) compact->before = window->size();
-        // A render may have shown a group again: it steps aside at every render.
-        bool changed = only != compact->on;
-        if (only) {
-            for (QWidget* w : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-                if (w == spectrum || w->isHidden()) continue;
-                w->hide();
-                if (!compact->hidden.contains(w)) compact->hidden << w;
-                changed = true;
-            }
-        } else {
-            for (QWidget* w : compact->hidden) w->show();
-            compact->hidden.clear();
-        }
-        compact->on = only;
-        if (!changed) return;
-        // The layouts learn of the hidden groups now rather than at their next turn, so the
-        // window's least size is the frame's when it is asked for.
-        page->layout()->activate();
-        window->layout()->activate();
-        window->resize(only ? window->minimumSizeHint() : compact->before);
-    });
-}
-
 }  // namespace veldor
