@@ -1,5 +1,5 @@
-// Any bytes as a memory CSV file, read under either locale for an FT-817; what was read is
-// written again and must read back to the same cells.
+// Any bytes as a memory CSV file, read under either locale for an FT-817, by the memory grid's
+// rules or the conversion window's; what was read is written again and must read back.
 #include "grid/csv_file.h"
 #include "link/catalogue.h"
 
@@ -10,14 +10,22 @@
 using namespace veldor;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const CsvRules rules = [] {
+    static const CsvRules grid = [] {
         CsvRules r{RigFT817, {}, {}};
         for (const char* t : Tones50()) r.tones << t;
         for (const char* d : DcsCodes()) r.dcsCodes << d;
         return r;
     }();
-    // The first byte chooses the locale.
+    static const CsvRules convert = [] {
+        CsvRules r = grid;
+        r.toneKinds = ConvertToneKinds;
+        r.emptyTxIsDefault = false;
+        r.reportNumericName = true;
+        return r;
+    }();
+    // The first byte chooses the locale and the rules.
     const QChar decimal = size > 0 && data[0] % 2 ? ',' : '.';
+    const CsvRules& rules = size > 0 && data[0] & 2 ? convert : grid;
     QChar delimiter = decimal == '.' ? ',' : ';';
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const CsvImport in = ReadCsvFile(bytes.mid(1), delimiter, decimal, rules);

@@ -52,6 +52,8 @@ void frmConvert_Load(Core& c);
 void optProgFile_Click(Core& c, int index);
 void cmdLoadFile_Click(Core& c);
 void cmdExportKenwood_Click(Core& c);
+// Reads a memory CSV file into the grid, in place of what it held.
+void cmdImport_Click(Core& c);
 // Writes the grid as a memory CSV file.
 void cmdExport_Click(Core& c);
 void cmdExit_Click(Core& c);

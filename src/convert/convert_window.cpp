@@ -1,5 +1,6 @@
-// The handlers of frmConvert: reading a Kenwood or repeater file into the window's grid, and
-// writing the grid over a Kenwood file of the chosen family.
+// The handlers of frmConvert: reading a Kenwood or repeater file, or importing a memory CSV
+// file, into the window's grid; writing the grid over a Kenwood file of the chosen family, or
+// as a memory CSV file.
 #include "convert/convert.h"
 #include "grid/csv_file.h"
 #include "link/catalogue.h"
@@ -80,7 +81,11 @@ bool ReplaceKeepingBackup(Core& c, const QString& name, const QByteArray& bytes)
 }
 
 std::vector<MemoryRow> MemoryRows(const FrmConvert& f) {
-    return {f.grdMemories.rows.begin() + 1, f.grdMemories.rows.end()};
+    std::vector<MemoryRow> rows;
+    rows.reserve(f.grdMemories.rows.size());
+    for (size_t r = 1; r < f.grdMemories.rows.size(); ++r)
+        rows.push_back(f.grdMemories.rows[r].cells);
+    return rows;
 }
 
 }  // namespace
@@ -106,10 +111,11 @@ void optProgFile_Click(Core& c, int index) {
 }
 
 void ClearConvertGrid(Core& c) {
-    ConvertGrid& grid = c.frmConvert.grdMemories;
-    for (size_t r = 1; r < grid.rows.size(); ++r) grid.rows[r] = MemoryRow{};
-    grid.rows[0] = ColumnHeadings();
-    ++grid.generation;
+    MemoryGrid& grid = c.frmConvert.grdMemories;
+    if (grid.rows.empty()) grid.rows.resize(1);
+    for (size_t r = 1; r < grid.rows.size(); ++r) grid.rows[r] = GridRow{};
+    grid.rows[0].cells = ColumnHeadings();
+    ++grid.revision;
 }
 
 void DisableConvertButtons(Core& c) {
@@ -138,11 +144,11 @@ void cmdLoadFile_Click(Core& c) {
     } else if (rows.empty()) {
         Box(c, "No memory records found - please try another file");
     } else {
-        ConvertGrid& grid = c.frmConvert.grdMemories;
+        MemoryGrid& grid = c.frmConvert.grdMemories;
         grid.rows.resize(rows.size() + 1);
         ClearConvertGrid(c);
-        std::copy(rows.begin(), rows.end(), grid.rows.begin() + 1);
-        grid.row = grid.col = 1;
+        for (size_t r = 0; r < rows.size(); ++r) grid.rows[r + 1].cells = std::move(rows[r]);
+        grid.Row = grid.Col = 1;
         c.frmConvert.lblFileLoaded.caption = name + " ";
         c.s.GridLoaded = true;
     }
@@ -173,11 +179,66 @@ void cmdExportKenwood_Click(Core& c) {
     EnableConvertButtons(c);
 }
 
+void cmdImport_Click(Core& c) {
+    c.s.FieldDelimiter = c.s.DecimalSeparator == "." ? "," : ";";
+    DisableConvertButtons(c);
+    // Every way out enables the buttons again.
+    struct Enable {
+        Core& c;
+        ~Enable() { EnableConvertButtons(c); }
+    } enable{c};
+
+    QString name = c.p.dialogs->openFileName("Open", c.s.HomeDir, CsvFileFilter, 1);
+    if (name.isEmpty()) return;
+    if (!name.toUpper().endsWith(".CSV")) name += ".CSV";
+    if (!QFileInfo(name).isFile()) {
+        Box(c, "Filename " + name + " does not exist");
+        return;
+    }
+    QByteArray bytes;
+    if (!ReadWhole(c, name, &bytes)) return;
+
+    // The memory grid's reader, with the tone lists of this window whatever the rig.
+    FrmConvert& f = c.frmConvert;
+    CsvRules rules{c.s.RigType, f.cboCTCSS.list, f.cboDCS.list, ConvertToneKinds};
+    rules.emptyTxIsDefault = false;
+    rules.reportNumericName = true;
+    QChar delimiter = c.s.FieldDelimiter[0];
+    CsvImport in = ReadCsvFile(bytes, delimiter, c.s.DecimalSeparator[0], rules);
+    c.s.FieldDelimiter = delimiter;
+    if (!in.headerValid) {
+        Box(c, "First record is not a valid header record - import aborted");
+        return;
+    }
+    for (const QString& message : in.messages) ReportMessage(c, message);
+    if (in.failedRecord > 0) {
+        c.p.dialogs->messageBox(CsvFailureText(in), "VELDOR", MsgButtons::OK, MsgIcon::Critical);
+        return;
+    }
+    if (!in.messages.isEmpty() &&
+        c.p.dialogs->messageBox(
+            "One or more errors existing in this file. Do you want to try to load it?", "VELDOR",
+            MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No)
+        return;
+
+    // The file's records replace whatever the grid held, numbered from 1.
+    MemoryGrid& grid = f.grdMemories;
+    grid.rows.resize(1);
+    grid.rows.reserve(in.rows.size() + 1);
+    for (GridRow& row : in.rows) {
+        row.cells[0] = QString::number(grid.rows.size());
+        grid.rows.push_back(std::move(row));
+    }
+    grid.Row = grid.Col = 1;
+    ++grid.revision;
+    f.lblFileLoaded.caption = name + " ";
+    c.s.GridLoaded = true;
+}
+
 void cmdExport_Click(Core& c) {
     c.s.FieldDelimiter = c.s.DecimalSeparator == "." ? "," : ";";
     DisableConvertButtons(c);
-    QString name = c.p.dialogs->saveFileName(
-        "Save As", c.s.HomeDir, "Memories CSV Files (*.CSV)|*.CSV|All Files (*.*)|*.*", 1);
+    QString name = c.p.dialogs->saveFileName("Save As", c.s.HomeDir, CsvFileFilter, 1);
     if (!name.isEmpty() && !name.toUpper().endsWith(".CSV")) name += ".CSV";
     const bool refused =
         name.isEmpty() || (QFileInfo::exists(name) &&
@@ -186,10 +247,8 @@ void cmdExport_Click(Core& c) {
                                "VELDOR", MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No);
     if (!refused) {
         // The memory grid's writer; here a row without a receive frequency is left out.
-        std::vector<GridRow> rows;
-        for (const MemoryRow& row : c.frmConvert.grdMemories.rows) rows.push_back({row, false});
-        const QByteArray bytes =
-            WriteCsvRows(rows, c.s.FieldDelimiter[0], c.s.DecimalSeparator[0], false, 1);
+        const QByteArray bytes = WriteCsvRows(c.frmConvert.grdMemories.rows, c.s.FieldDelimiter[0],
+                                              c.s.DecimalSeparator[0], false, 1);
         QSaveFile file(name);
         if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
             Box(c, "Export completed");

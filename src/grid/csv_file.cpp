@@ -391,8 +391,8 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
         if (!TensOfHertz(memory / 100000, &whole)) return fail(record, kOverflow);
         if (!CellNumber(FrequencyField(rxField, views[1], delimiter, decimal), decimal, &rx))
             return fail(record, kTypeMismatch);
-        if (!FrequencyField(txField, views[4], delimiter, decimal).isEmpty() &&
-            !CellNumber(txField, decimal, &tx))
+        const QString& txText = FrequencyField(txField, views[4], delimiter, decimal);
+        if ((!txText.isEmpty() || !rules.emptyTxIsDefault) && !CellNumber(txText, decimal, &tx))
             return fail(record, kTypeMismatch);
         // Texts that recur from record to record are shared between the rows' cells.
         const QString mode = shared(TrimmedText(views[2])), shift = shared(TrimmedText(views[3])),
@@ -436,6 +436,12 @@ CsvImport ReadCsvFile(const QByteArray& bytes, QChar& delimiter, QChar decimal,
             if (!dcs && !rules.tones.contains(tone))
                 report(". CTCSS tone of " + tone + " is invalid.");
         }
+        // A name that is all number is most likely the field before it, moved up by a comma
+        // left out of the line.
+        double numericName = 0;
+        if (rules.reportNumericName && CellNumber(name, decimal, &numericName))
+            report(". Memory name of " + name + " is invalid." + "\r\n" +
+                   "May be caused by a comma missing from the line");
         if (scan.isEmpty()) scan = "Y";
         if (scan != "Y" && scan != "N") {
             report(". Scan of " + scan + " is invalid.  " +

@@ -34,12 +34,19 @@ QString GetCsvField(const QString& line, int index, QChar delimiter, QChar decim
 // The lines of a file's bytes: ended by CR LF, CR or LF; the end of the file ends the last.
 QStringList CsvLines(const QByteArray& bytes);
 
-// What the checking pass of an import tests a record against.
+// The open and save dialogs' filter of memory CSV files.
+inline constexpr const char* CsvFileFilter = "Memories CSV Files (*.CSV)|*.CSV|All Files (*.*)|*.*";
+
+// What the checking pass of an import tests a record against. The defaults are the memory
+// grid's; the conversion window reads without "DEN", without a default for an empty field 5
+// (it is then no number, and the import fails), and reports a name that is a number.
 struct CsvRules {
     QString rigType;       // frequencies must be in this rig's ranges
     QStringList tones;     // the CTCSS tones offered
     QStringList dcsCodes;  // the DCS codes offered
     QString toneKinds = GridToneKinds;
+    bool emptyTxIsDefault = true;    // an empty field 5 reads as 0.1 MHz
+    bool reportNumericName = false;  // a name that is a number as a whole is a fault
 };
 
 // An import read through: the messages of the checking pass, the records as grid rows (column

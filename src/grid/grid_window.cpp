@@ -16,7 +16,6 @@ namespace veldor {
 
 namespace {
 
-constexpr const char* kCsvFilter = "Memories CSV Files (*.CSV)|*.CSV|All Files (*.*)|*.*";
 const QString kGridFileHeader = QStringLiteral("VELDOR memory grid 1");
 
 MsgResult Ask(Core& c, const QString& text, MsgButtons buttons) {
@@ -356,7 +355,7 @@ void mnuAddCSV_Click(Core& c) {
         ~Enable() { EnableMenus(c); }
     } enable{c};
 
-    QString name = c.p.dialogs->openFileName("Open", c.s.HomeDir, kCsvFilter, 1);
+    QString name = c.p.dialogs->openFileName("Open", c.s.HomeDir, CsvFileFilter, 1);
     if (name.isEmpty()) return;
     name = WithCsvExtension(name);
     QFile file(name);
@@ -425,7 +424,7 @@ void mnuSaveCSV_Click(Core& c) {
     LoadGridWindow(c);
     SetFieldDelimiter(c);
     DisableMenus(c);
-    QString name = c.p.dialogs->saveFileName("Save As", c.s.HomeDir, kCsvFilter, 1);
+    QString name = c.p.dialogs->saveFileName("Save As", c.s.HomeDir, CsvFileFilter, 1);
     if (name.isEmpty()) {
         EnableMenus(c);
         return;

@@ -1,7 +1,7 @@
 // The memory grid as plain data: rows of thirteen text cells, each with a hidden flag. Row 0
 // is the heading row; a memory's number is its row. Nothing here knows a widget: the grid
 // window shows these rows through a table model, and the CSV reader and writer fill and read
-// them for the grid and for the conversion window alike.
+// them. The conversion window's grid is one of these too, whose rows are never hidden.
 #pragma once
 
 #include "link/controls.h"
@@ -16,8 +16,11 @@ namespace veldor {
 
 inline constexpr int GridCols = 13;
 
+// The thirteen cells of a row, column 0 the memory number.
+using MemoryRow = std::array<QString, GridCols>;
+
 struct GridRow {
-    std::array<QString, GridCols> cells;
+    MemoryRow cells;
     bool hidden = false;  // taken out by a filter; still saved, printed and numbered
 };
 

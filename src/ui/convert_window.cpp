@@ -1,8 +1,8 @@
 #include "ui/convert_window.h"
 
 #include "convert/convert.h"
+#include "ui/grid_model.h"
 
-#include <QAbstractTableModel>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -13,51 +13,6 @@
 #include <QVBoxLayout>
 
 namespace veldor {
-
-namespace {
-
-// The window's grid as a table: row 0 of the grid is the heading, the memories follow.
-class ConvertGridModel : public QAbstractTableModel {
-  public:
-    explicit ConvertGridModel(const ConvertGrid& grid, QObject* parent)
-        : QAbstractTableModel(parent), grid_(grid) {}
-
-    int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : int(grid_.rows.size()) - 1;
-    }
-    int columnCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : int(MemoryRow{}.size());
-    }
-    QVariant data(const QModelIndex& index, int role) const override {
-        if (!index.isValid()) return {};
-        if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
-            return grid_.rows[size_t(index.row()) + 1][size_t(index.column())];
-        if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Alignment(index.column()));
-        return {};
-    }
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-        if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 &&
-            section < columnCount({}))
-            return grid_.rows[0][size_t(section)];
-        return {};
-    }
-    // The model follows the grid whole whenever the grid has changed.
-    void refresh() {
-        beginResetModel();
-        endResetModel();
-    }
-
-  private:
-    // Frequencies right, names and descriptions left, the rest centred.
-    static Qt::Alignment Alignment(int column) {
-        if (column == 1 || column == 4) return Qt::AlignRight | Qt::AlignVCenter;
-        if (column == 9 || column == 12) return Qt::AlignLeft | Qt::AlignVCenter;
-        return Qt::AlignCenter;
-    }
-    const ConvertGrid& grid_;
-};
-
-}  // namespace
 
 ConvertWindow::ConvertWindow(Core& c, Views& views, QWidget* parent)
     : QDialog(parent), kit_(c, views) {
@@ -71,11 +26,10 @@ ConvertWindow::ConvertWindow(Core& c, Views& views, QWidget* parent)
          kit_.options(rigTypes, "optProgFile", f.optProgFile, {}, optProgFile_Click))
         options->addWidget(option);
 
-    // Import CSV is not built yet: without a handler it stands disabled.
     auto* buttons = new QVBoxLayout();
     buttons->addWidget(rigTypes);
     buttons->addWidget(kit_.button(this, "cmdLoadFile", f.cmdLoadFile, cmdLoadFile_Click));
-    buttons->addWidget(kit_.button(this, "cmdImport", f.cmdImport, {}));
+    buttons->addWidget(kit_.button(this, "cmdImport", f.cmdImport, cmdImport_Click));
     buttons->addWidget(kit_.button(this, "cmdExport", f.cmdExport, cmdExport_Click));
     buttons->addWidget(
         kit_.button(this, "cmdExportKenwood", f.cmdExportKenwood, cmdExportKenwood_Click));
@@ -84,20 +38,21 @@ ConvertWindow::ConvertWindow(Core& c, Views& views, QWidget* parent)
 
     auto* table = new QTableView(this);
     table->setObjectName("grdMemories");
-    auto* model = new ConvertGridModel(f.grdMemories, table);
+    auto* model = new GridModel(kit_, f.grdMemories, false, table);
     table->setModel(model);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->verticalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
     table->setMinimumSize(720, 360);
     SetAccessible(table, "Memories", "The memories read or imported");
-    kit_.onRender([table, model, &grid = f.grdMemories, shown = -1]() mutable {
-        if (shown == grid.generation) return;
-        shown = grid.generation;
-        model->refresh();
+    auto show = [table, model, &grid = f.grdMemories] {
         table->resizeColumnsToContents();
-        if (grid.row >= 1 && grid.row < int(grid.rows.size()))
-            table->setCurrentIndex(model->index(grid.row - 1, grid.col));
+        if (const int row = model->modelRow(grid.Row); row >= 0)
+            table->setCurrentIndex(model->index(row, grid.Col));
+    };
+    show();
+    kit_.onRender([model, show] {
+        if (model->refresh()) show();
     });
 
     auto* right = new QVBoxLayout();

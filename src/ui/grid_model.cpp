@@ -22,7 +22,8 @@ Qt::Alignment ColumnAlignment(int col) {
 
 }  // namespace
 
-GridModel::GridModel(ViewKit& kit, QObject* parent) : QAbstractTableModel(parent), kit_(kit) {
+GridModel::GridModel(ViewKit& kit, const MemoryGrid& grid, bool editable, QObject* parent)
+    : QAbstractTableModel(parent), kit_(kit), grid_(grid), editable_(editable) {
     refresh();
 }
 
@@ -63,13 +64,13 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     Qt::ItemFlags f = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    if (grdMemories_CanEdit(kit_.core(), gridRow(index.row()), index.column()))
+    if (editable_ && grdMemories_CanEdit(kit_.core(), gridRow(index.row()), index.column()))
         f |= Qt::ItemIsEditable;
     return f;
 }
 
 bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole) return false;
+    if (role != Qt::EditRole || !editable_) return false;
     const int row = gridRow(index.row());
     // Run here rather than through the kit: the editor is still committing, and showing the
     // rows anew now would pull the row from under it. Only this cell changed.

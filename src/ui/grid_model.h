@@ -1,6 +1,7 @@
-// The memory grid as a Qt table model over the core's plain rows: one model row for each row
-// a filter has not hidden, the heading row as the header. Nothing is copied: the model reads
-// the cells where the core keeps them, so a grid of any length opens at once.
+// A memory grid as a Qt table model over the core's plain rows: one model row for each row a
+// filter has not hidden, the heading row as the header. Nothing is copied: the model reads the
+// cells where the core keeps them, so a grid of any length opens at once. It shows the memory
+// grid, whose cells the operator may edit in place, and the conversion window's, read only.
 #pragma once
 
 #include "ui/view_kit.h"
@@ -13,7 +14,7 @@ namespace veldor {
 
 class GridModel : public QAbstractTableModel {
   public:
-    GridModel(ViewKit& kit, QObject* parent);
+    GridModel(ViewKit& kit, const MemoryGrid& grid, bool editable, QObject* parent);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -30,9 +31,11 @@ class GridModel : public QAbstractTableModel {
     int modelRow(int gridRow) const;
 
   private:
-    const MemoryGrid& grid() const { return kit_.core().frmCsvMem.grdMemories; }
+    const MemoryGrid& grid() const { return grid_; }
 
     ViewKit& kit_;
+    const MemoryGrid& grid_;
+    const bool editable_;
     std::vector<int> shown_;  // the grid rows on show, in order
     uint64_t revision_ = ~uint64_t{0};
 };

@@ -221,7 +221,7 @@ void GridWindow::buildTable(QWidget* parent) {
     table_ = new QTableView(parent);
     table_->setObjectName("grdMemories");
     table_->setAccessibleName("Memory grid");
-    model_ = new GridModel(kit_, table_);
+    model_ = new GridModel(kit_, kit_.core().frmCsvMem.grdMemories, true, table_);
     table_->setModel(model_);
     table_->verticalHeader()->hide();
     // Fixed row heights: a grid of any length is laid out at once.

@@ -51,7 +51,7 @@ struct Converter : Harness {
         dialogs.openAnswer = path;
         cmdExportKenwood_Click(c);
     }
-    const std::vector<MemoryRow>& rows() { return c.frmConvert.grdMemories.rows; }
+    const std::vector<GridRow>& rows() { return c.frmConvert.grdMemories.rows; }
     QString lastBox() { return dialogs.messages.empty() ? "" : dialogs.messages.back().text; }
 };
 
@@ -100,7 +100,7 @@ TEST(KenwoodFile, EachFamilyReadsAndWritesBackTheSameBytes) {
         const QString path = t.write(QString("radio.") + family.extension, original);
         t.load(path);
         ASSERT_EQ(t.rows().size(), 5u);  // the "123" line before MEMORY counts as well
-        const MemoryRow& repeater = t.rows()[2];
+        const MemoryRow& repeater = t.rows()[2].cells;
         EXPECT_EQ(repeater[0], "1");
         EXPECT_EQ(repeater[1], "145.50000");
         EXPECT_EQ(repeater[3], "Minus");
@@ -108,7 +108,7 @@ TEST(KenwoodFile, EachFamilyReadsAndWritesBackTheSameBytes) {
         EXPECT_EQ(repeater[6], "CTCSS Enc");
         EXPECT_EQ(repeater[7], "88.5");
         EXPECT_EQ(repeater[9], "RPT-A");
-        const MemoryRow& locked = t.rows()[3];
+        const MemoryRow& locked = t.rows()[3].cells;
         EXPECT_EQ(locked[6] + " " + locked[7], "CTCSS Enc+Dec 100.0");
         EXPECT_EQ(locked[2], family.type == 0 ? "FM" : "AM");
         EXPECT_EQ(locked[8] + locked[9] + locked[10], "Freq        N");
@@ -128,7 +128,7 @@ TEST(KenwoodFile, EachFamilyReadsAndWritesBackTheSameBytes) {
 TEST(KenwoodFile, SplitAndDcsRowsReadFromTheirFields) {
     Converter t(1);
     t.load(t.write("radio.700", Lines(kHead + kFamilies[1].memories + kTail)));
-    const MemoryRow& split = t.rows()[4];
+    const MemoryRow& split = t.rows()[4].cells;
     EXPECT_EQ(split[3] + " " + split[4] + " " + split[5], "Split 144.50000 FM");
     EXPECT_EQ(split[6] + " " + split[7], "DCS 132");
     EXPECT_EQ(split[11], "0");
@@ -214,17 +214,17 @@ TEST(KenwoodFile, ExportKeepsTheUsersFileUntilTheNewOneIsWhole) {
     t.load(path);
 
     // A second export replaces the .BAK of the first.
-    t.c.frmConvert.grdMemories.rows[1][9] = "FIRST";
+    t.c.frmConvert.grdMemories.rows[1].cells[9] = "FIRST";
     t.exportTo(path);
     const QByteArray first = Contents(path);
-    t.c.frmConvert.grdMemories.rows[1][9] = "SECOND";
+    t.c.frmConvert.grdMemories.rows[1].cells[9] = "SECOND";
     t.exportTo(path);
     EXPECT_EQ(Contents(path + ".BAK"), first);
     EXPECT_TRUE(Contents(path).contains("\tSECOND\r\n"));
 
     // A frequency that is no number ends the export before any name changes.
     const QByteArray second = Contents(path);
-    t.c.frmConvert.grdMemories.rows[2][1] = "abc";
+    t.c.frmConvert.grdMemories.rows[2].cells[1] = "abc";
     t.exportTo(path);
     EXPECT_EQ(t.lastBox(), "Run-time error '13':\r\n\r\nType mismatch");
     EXPECT_EQ(Contents(path), second);
@@ -265,11 +265,11 @@ TEST(RepeaterFile, OnlyRecordsOneTo199AreRead) {
                                      "\"200\",,,,,\"146.940\",\"-\",\"W1XX\"",
                                      "\"199\",,,,,\"147.120\",\"+\",\"W1YY\",,\"77.0\""})));
     ASSERT_EQ(t.rows().size(), 3u);
-    EXPECT_EQ(t.rows()[1][9], " W1AW ");  // quotes are blanks
-    EXPECT_EQ(t.rows()[2][1] + " " + t.rows()[2][7], "147.12000 77.0");
+    EXPECT_EQ(t.rows()[1].cells[9], " W1AW ");  // quotes are blanks
+    EXPECT_EQ(t.rows()[2].cells[1] + " " + t.rows()[2].cells[7], "147.12000 77.0");
 
     // Export CSV leaves out a row without a receive frequency; the others keep their numbers.
-    t.c.frmConvert.grdMemories.rows[1][1].clear();
+    t.c.frmConvert.grdMemories.rows[1].cells[1].clear();
     t.dialogs.saveAnswer = t.dir.filePath("out");
     cmdExport_Click(t.c);
     EXPECT_EQ(t.lastBox(), "Export completed");
@@ -289,12 +289,12 @@ TEST(RepeaterFile, FilesThatHoldNoRecordsOrBadNumbers) {
     Converter comma(ArrlRepeaterFile, ",");
     comma.load(semicolons);
     ASSERT_EQ(comma.rows().size(), 2u);
-    EXPECT_EQ(comma.rows()[1][1] + " " + comma.rows()[1][4], "145,45000 ,60000");
+    EXPECT_EQ(comma.rows()[1].cells[1] + " " + comma.rows()[1].cells[4], "145,45000 ,60000");
 
     // A frequency that is no number ends the reading; the grid keeps what it had.
     comma.load(comma.write("bad.CSV", Lines({"2;;;;;145,5;-", "3;;;;;none;-"})));
     EXPECT_EQ(comma.lastBox(), "Run-time error '13':\r\n\r\nType mismatch");
-    EXPECT_EQ(comma.rows()[1][1], "145,45000");
+    EXPECT_EQ(comma.rows()[1].cells[1], "145,45000");
     EXPECT_TRUE(comma.c.frmConvert.cmdExit.enabled);
 
     comma.load(comma.dir.filePath("missing.CSV"));

@@ -115,10 +115,46 @@ TEST(CsvImport, AFieldThatIsNoNumberStopsTheImportAtItsRecord) {
               "Problem encountered reading the import file at record 2\r\nError number13, Type "
               "mismatch\r\nImport aborted\r\nProbable cause is an extra blank line in the CSV "
               "file\r\nor one or more commas missing from the end of record(s)");
-    for (const char* record : {"4000000000,7,LSB", "1,99999,LSB", "1,7.x,LSB", "1,7,LSB,Split,.1x"}) {
+    for (const char* record :
+         {"4000000000,7,LSB", "1,99999,LSB", "1,7.x,LSB", "1,7,LSB,Split,.1x"}) {
         const CsvImport bad = Read(kHeader + record);
         EXPECT_EQ(bad.failedRecord, 1) << record;
         EXPECT_NE(bad.errorNumber, 0) << record;
+    }
+}
+
+TEST(CsvImport, TheConversionWindowsRulesDifferWhereTheGridReadsCleanly) {
+    CsvRules convert = Ft817Rules();
+    convert.toneKinds = ConvertToneKinds;
+    convert.emptyTxIsDefault = false;
+    convert.reportNumericName = true;
+    const QString named =
+        "Record 1. Memory name of %1 is invalid.\r\n"
+        "May be caused by a comma missing from the line";
+    // Fields 5, 7 and 10 of a record, and what the conversion window says of it ("!": fails).
+    const struct {
+        const char *tx, *kind, *name;
+        QString said;
+    } cases[] = {
+        {"", "", "Rpt", "!"},
+        {".6", "DEN", "Rpt", "Record 1. CTCSS or DCS of 'DEN' is invalid."},
+        {".6", "", " 145.5 ", named.arg("145.5   ")},
+        {".6", "DCS", "-2", named.arg("-2      ")},
+        {".6", "", "12A", ""},
+        {".6", "", "", ""},
+    };
+    for (const auto& t : cases) {
+        const QByteArray file = kHeader + QString("1,145.5,FM,Plus,%1,,%2,23,Freq,%3,Y,0,\r\n")
+                                              .arg(t.tx, t.kind, t.name)
+                                              .toLatin1();
+        QChar delimiter = ',';
+        const CsvImport grid = ReadCsvFile(file, delimiter, '.', Ft817Rules());
+        const CsvImport conv = ReadCsvFile(file, delimiter, '.', convert);
+        ASSERT_TRUE(grid.messages.isEmpty() && grid.rows.size() == 1) << file.constData();
+        EXPECT_EQ(conv.failedRecord == 1 ? "!" : conv.messages.join('|'), t.said);
+        if (conv.failedRecord == 0) {
+            EXPECT_EQ(conv.rows.at(0).cells, grid.rows[0].cells);
+        }
     }
 }
 

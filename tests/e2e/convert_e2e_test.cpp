@@ -54,14 +54,18 @@ void AnswerOpenDialog(const QString& path) {
     });
 }
 
-void AnswerBox(QString* text) {
-    WhenShown<QMessageBox>([text](QMessageBox* box) {
+// Keeps the box's text and presses its button of that kind, or else accepts it.
+void AnswerBox(QString* text, QMessageBox::StandardButton press = QMessageBox::NoButton) {
+    WhenShown<QMessageBox>([text, press](QMessageBox* box) {
         *text = box->text();
-        box->accept();
+        if (press != QMessageBox::NoButton)
+            box->button(press)->click();
+        else
+            box->accept();
     });
 }
 
-TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
+TEST(ConvertInTheProgram, ReadsAKenwoodFileWritesItBackAndImportsACsvFile) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
     QDir().mkpath(dir.path() + "/VELDOR");
@@ -88,8 +92,19 @@ TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
     const veldor::Core& c = app.core();
     ASSERT_TRUE(Eventually([&] { return !c.f.txtVfoA.text.isEmpty(); }, 5000));
 
-    int rowsShown = 0;
-    QString exported, statusWhileOpen;
+    // Memory CSV: "DEN" is reported by this window, so the file loads on the operator's Yes.
+    const QString csv = dir.path() + "/grid.CSV";
+    QFile csvFile(csv);
+    ASSERT_TRUE(csvFile.open(QIODevice::WriteOnly));
+    csvFile.write(
+        "Memory,RX Freq,RX Mode,Shift,TX Shift/Freq,TX Mode,CTCSS/DCS,Tone/Code,Show,"
+        "Name,Scan,Group,Description\r\n"
+        "7,145.5,FM,Minus,.6,,DEN,23,Name,RPT-A,Y,0,\r\n"
+        " 9 , 7 ,LSB,Simplex, .1 ,,,,Freq,        ,Y,0,\r\n");
+    csvFile.close();
+
+    int rowsShown = 0, rowsImported = 0;
+    QString exported, question, importedCell, statusWhileOpen;
     bool done = false;
     WhenShown<QDialog>([&](QDialog* window) {
         ASSERT_EQ(window->objectName(), "frmConvert");
@@ -104,6 +119,12 @@ TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
         AnswerOpenDialog(path);
         AnswerBox(&exported);
         QTest::mouseClick(window->findChild<QPushButton*>("cmdExportKenwood"), Qt::LeftButton);
+        AnswerOpenDialog(csv);
+        AnswerBox(&question, QMessageBox::Yes);
+        QTest::mouseClick(window->findChild<QPushButton*>("cmdImport"), Qt::LeftButton);
+        const QAbstractItemModel* shown = window->findChild<QTableView*>("grdMemories")->model();
+        rowsImported = shown->rowCount();
+        importedCell = shown->index(1, 0).data().toString() + shown->index(0, 7).data().toString();
         if (const QString shots = qEnvironmentVariable("VELDOR_SHOTS"); !shots.isEmpty())
             window->grab().save(shots + "/frmConvert.png");
         QTest::mouseClick(window->findChild<QPushButton*>("cmdExit"), Qt::LeftButton);
@@ -113,6 +134,11 @@ TEST(ConvertInTheProgram, ReadsAKenwoodFileAndWritesItBack) {
     ASSERT_TRUE(Eventually([&] { return done; }, 20000));
     EXPECT_EQ(rowsShown, 2);
     EXPECT_EQ(exported, "Export to Kenwood complete");
+    EXPECT_EQ(question, "One or more errors existing in this file. Do you want to try to load it?");
+    EXPECT_EQ(rowsImported, 2);
+    EXPECT_EQ(importedCell, "2023");  // renumbered from 1; the code made three digits
+    EXPECT_TRUE(
+        c.frmErrorList.txtErrors.text.contains("Record 1. CTCSS or DCS of 'DEN' is invalid."));
     EXPECT_EQ(statusWhileOpen, "0");  // the poll stands still while the window is open
     QFile written(path);
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));

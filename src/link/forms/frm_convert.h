@@ -1,26 +1,14 @@
 // The window that converts Kenwood memory files and ARRL repeater files.
 #pragma once
 
+#include "grid/memory_grid.h"
 #include "link/controls.h"
 
 #include <QString>
 
 #include <array>
-#include <vector>
 
 namespace veldor {
-
-// A row of a memory grid: the 13 columns, all text, column 0 the memory number.
-using MemoryRow = std::array<QString, 13>;
-
-// The window's own grid: row 0 is the heading, memories are rows 1 to Rows-1.
-struct ConvertGrid : Control {
-    std::vector<MemoryRow> rows = std::vector<MemoryRow>(1);
-    int row = 0;  // the current cell
-    int col = 0;
-    // Counts every change of the rows, so that the view redraws only what changed.
-    int generation = 0;
-};
 
 struct FrmConvert {
     QString caption = "VELDOR - Convert memory files";
@@ -39,7 +27,7 @@ struct FrmConvert {
                                    "Export &Kenwood"};
     CommandButton cmdExit{{true, true, " Exit this screen "}, ""};
     Label lblFileLoaded{{true, true, "The name of the File last loaded"}, "No file loaded"};
-    ConvertGrid grdMemories;
+    MemoryGrid grdMemories;  // its own, apart from the memory grid's; no row is hidden
     // Lookup lists: a file holds a tone or a code as its place in these, from 1. Never shown.
     ComboBox cboCTCSS{{true, false, {}}};
     ComboBox cboDCS{{true, false, {}}};
