@@ -100,6 +100,7 @@ struct BenchStation {
                             {"PollingDelay", "0"},
                             {"HomeDir", dir.path()}})
             store.save("VELDOR", "Settings", k, v);
+        store.startWriter();  // as the program's store
         Form_Load(c, "");
         c.f.chkOnOff.value = 1;
         chkOnOff_Click(c);

@@ -2,6 +2,7 @@
 // the real clock, beside the bound of the tick, the program's pauses and the wire; and the
 // processor time the program takes meanwhile.
 #include "bench_station.h"
+#include "rig_sim.h"
 #include "scan/range_choice.h"
 #include "scan/scan_engine.h"
 #include "scan/spectrum.h"
@@ -46,12 +47,14 @@ void Report(const char* what, BenchStation& st, const char* speed, int commands,
     const int bytes = commands * 6;  // five out, one back
     const double wireMs = bytes * 11.0 * 1000.0 / baud;
     const int pause = st.c.f.sldSmeterDelay.value;
-    const double boundMs = st.poll.period + wireMs + pause + commands * delay;
+    // Each command is acknowledged or answered: the rig's own time before each reply counts.
+    const double answerMs = commands * sim::RigSim::kReplyLatencyMs;
+    const double boundMs = st.poll.period + wireMs + answerMs + pause + commands * delay;
     std::printf(
         "%-6s %-12s %7.2f %s/s  bound %6.2f/s (%3.0f%%)  tick %d ms + S-meter pause %d ms + "
-        "%d x %d ms command delay + %d bytes %.1f ms; CPU %.1f%%\n",
+        "%d x %d ms command delay + %d bytes %.1f ms + %d replies %.0f ms; CPU %.1f%%\n",
         "FT817", speed, f.perSecond, what, 1000.0 / boundMs, 100.0 * f.perSecond * boundMs / 1000.0,
-        st.poll.period, pause, commands, delay, bytes, wireMs, f.cpuPercent);
+        st.poll.period, pause, commands, delay, bytes, wireMs, commands, answerMs, f.cpuPercent);
 }
 
 void MeasureScan(const char* speed, int seconds) {

@@ -97,6 +97,9 @@ class RigSim {
   public:
     virtual ~RigSim() = default;
 
+    // The rig's own time between a command's last byte and the first byte of its reply.
+    static constexpr double kReplyLatencyMs = 2;
+
     // "FT817", "FT817ND", "FT847", "FT857", "FT857D", "FT897", "FT897D", "FT450", "FT920",
     // "FT1000MP", "FRG100", "VR5000"; nullptr for any other name.
     static std::unique_ptr<RigSim> create(const QString& rigName);

@@ -98,8 +98,7 @@ void SimBase::reply(QByteArray bytes, int64_t nowMs, bool carriesBcdFrequency) {
         faults_.strayBeforeNext.clear();
     }
     if (bytes.isEmpty()) return;
-    constexpr double kRigLatencyMs = 2;
-    double at = std::max<double>(static_cast<double>(nowMs), lineFreeAt_) + kRigLatencyMs +
+    double at = std::max<double>(static_cast<double>(nowMs), lineFreeAt_) + kReplyLatencyMs +
                 faults_.extraLatencyMs;
     for (char b : bytes) {
         at += byteMs();

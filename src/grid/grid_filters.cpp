@@ -85,8 +85,13 @@ void cboShow_Click(Core& c, int) {
     ApplyGridFilters(c);
 }
 
+// A typed group is upper-cased in the box and saved; it filters at the next filter event.
 void cboShow_Validate(Core& c, int index) {
-    Save(c, QString("Show%1").arg(index), ComboText(c.frmCsvMem.cboShow[index]).toUpper());
+    ComboBox& box = c.frmCsvMem.cboShow[index];
+    const QString group = ComboText(box).toUpper();
+    box.listIndex = static_cast<int>(box.list.indexOf(group));
+    box.text = box.listIndex < 0 ? group : QString();
+    Save(c, QString("Show%1").arg(index), group);
 }
 
 void cboModeFilter_Click(Core& c) {

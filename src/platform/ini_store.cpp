@@ -9,6 +9,10 @@
 #include <QStringDecoder>
 
 #include <cerrno>
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <thread>
 
 #include <unistd.h>
 
@@ -67,7 +71,69 @@ QString UnescapeIniValue(const QString& text) {
     return out;
 }
 
+// The writer's thread and what it shares with the store: the newest text of each file not yet
+// written, and the outcome of each write done.
+struct IniStore::Writer {
+    std::mutex lock;
+    std::condition_variable changed;
+    std::map<QString, QByteArray> waiting;          // by file
+    std::vector<std::pair<QString, QString>> done;  // file and failure, in order
+    bool writing = false;
+    bool stop = false;
+    std::thread thread;
+
+    explicit Writer(const QString& folder) {
+        thread = std::thread([this, folder] {
+            std::unique_lock<std::mutex> held(lock);
+            for (;;) {
+                changed.wait(held, [this] { return stop || !waiting.empty(); });
+                if (waiting.empty()) return;
+                const auto next = waiting.begin();
+                const QString path = next->first;
+                const QByteArray bytes = std::move(next->second);
+                waiting.erase(next);
+                writing = true;
+                held.unlock();
+                const QString failure = writeFile(folder, path, bytes);
+                held.lock();
+                writing = false;
+                done.emplace_back(path, failure);
+                changed.notify_all();
+            }
+        });
+    }
+    ~Writer() {
+        {
+            std::lock_guard<std::mutex> held(lock);
+            stop = true;
+        }
+        changed.notify_all();
+        thread.join();  // after the texts still waiting are written
+    }
+    // The outcomes so far; with wait, once every text given is written.
+    std::vector<std::pair<QString, QString>> outcomes(bool wait) {
+        std::unique_lock<std::mutex> held(lock);
+        if (wait) changed.wait(held, [this] { return waiting.empty() && !writing; });
+        return std::exchange(done, {});
+    }
+};
+
 IniStore::IniStore(QString folder) : folder_(std::move(folder)) {}
+
+IniStore::~IniStore() {
+    // Whoever was told of trouble may be gone already: a last failure goes to the log.
+    onTrouble = nullptr;
+    flush();
+}
+
+void IniStore::startWriter() {
+    if (!writer_) writer_ = std::make_unique<Writer>(folder_);
+}
+
+void IniStore::flush() {
+    if (!writer_) return;
+    for (const auto& [path, failure] : writer_->outcomes(true)) noteWrite(path, failure);
+}
 
 QString IniStore::defaultFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/VELDOR";
@@ -262,7 +328,17 @@ void IniStore::write(const QString& appName, const Document& doc) {
         text += "\n";
     }
     const QByteArray bytes = text.toUtf8();
-    QDir().mkpath(folder_);
+    if (!writer_) return noteWrite(path, writeFile(folder_, path, bytes));
+    {
+        std::lock_guard<std::mutex> held(writer_->lock);
+        writer_->waiting[path] = bytes;
+    }
+    writer_->changed.notify_all();
+    for (const auto& [file, failure] : writer_->outcomes(false)) noteWrite(file, failure);
+}
+
+QString IniStore::writeFile(const QString& folder, const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(folder);
     QSaveFile file(path);
     QString failure;
     if (!file.open(QIODevice::WriteOnly)) {
@@ -275,6 +351,10 @@ void IniStore::write(const QString& appName, const Document& doc) {
     } else if (!file.commit()) {
         failure = file.errorString();
     }
+    return failure;
+}
+
+void IniStore::noteWrite(const QString& path, const QString& failure) {
     if (!failure.isEmpty()) {
         tellWriteFailure("Settings could not be saved to " + path + " (" + failure +
                          "); the file keeps its earlier values.");

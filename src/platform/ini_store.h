@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace veldor {
@@ -15,6 +16,8 @@ namespace veldor {
 class IniStore : public SettingsStore {
   public:
     explicit IniStore(QString folder);
+    // Waits for the writes given to the writer, if any.
+    ~IniStore() override;
 
     // <config location>/VELDOR, so that $XDG_CONFIG_HOME moves it.
     static QString defaultFolder();
@@ -30,7 +33,18 @@ class IniStore : public SettingsStore {
     QList<QPair<QString, QString>> getAll(const QString& appName, const QString& section) override;
 
     // How many times the file was written (a save of an unchanged value writes nothing).
-    int writes() const { return writes_; }
+    int writes() {
+        flush();
+        return writes_;
+    }
+
+    // With a writer, a save changes the store at once and hands the file's new text to a thread
+    // of its own, which writes the newest text of each file as soon as it can: the caller (the
+    // poll tick, which records the rig at every step of a scan) never waits for the disk. A
+    // failed write is told at the next save or flush.
+    void startWriter();
+    // Waits until every text given to the writer is on the disk, and tells a failure.
+    void flush();
 
     // Where the store tells the operator what it could not read or write (the messages
     // window). A failed write is told once, until a write succeeds again.
@@ -57,6 +71,10 @@ class IniStore : public SettingsStore {
     static bool put(Document& doc, const QString& section, const QString& key,
                     const QString& value);
     void write(const QString& appName, const Document& doc);
+    // Writes the text to the file, atomically; the failure's words, or an empty text.
+    static QString writeFile(const QString& folder, const QString& path, const QByteArray& bytes);
+    // The outcome of one write.
+    void noteWrite(const QString& path, const QString& failure);
     Document load(const QString& path);
     void tell(const QString& text);
     void tellWriteFailure(const QString& text);
@@ -65,6 +83,8 @@ class IniStore : public SettingsStore {
     QHash<QString, Document> cache_;  // by upper-cased application name
     int writes_ = 0;
     bool writeFailureTold_ = false;
+    struct Writer;
+    std::unique_ptr<Writer> writer_;
 };
 
 // The text of a document and back; any bytes parse, lines that are neither a section nor a

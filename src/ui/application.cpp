@@ -47,6 +47,7 @@ Application::Application()
                     .printer = &printer_};
     dialogs_.parent = [this]() -> QWidget* { return window_.get(); };
     store_.onTrouble = [this](const QString& text) { ReportMessage(c_, text); };
+    store_.startWriter();
     // Whatever the core has reached shows while the link waits, at the pace of the eye.
     pump_.beforeEvents = [this] { views_.renderSoon(); };
     windows_.add(FormId::frmSettings,

@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -54,13 +55,22 @@ GridWindow::GridWindow(Core& c, Views& views, QWidget* parent)
     setWindowTitle(c.frmCsvMem.caption);
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(buildFilterStrip(page));
-    layout->addWidget(buildEditPanel(page));
+    // The width to go back to when the edit panel closes, taken before a render shows it.
+    kit_.onRender([this] {
+        if (!editing_) browsingWidth_ = width();
+    });
+    strip_ = buildFilterStrip(page);
+    layout->addWidget(strip_);
+    panel_ = buildEditPanel(page);
+    layout->addWidget(panel_);
     buildTable(page);
     layout->addWidget(table_, 1);
     setCentralWidget(page);
     buildMenus();
-    kit_.onRender([this] { showGrid(); });
+    kit_.onRender([this] {
+        showGrid();
+        followEditPanel();
+    });
 
     const FrmCsvMem& w = c.frmCsvMem;
     if (c.s.ScreenSize != "None") {
@@ -86,8 +96,10 @@ QWidget* GridWindow::buildFilterStrip(QWidget* parent) {
                                    [i](Core& c) { chkFilter_Click(c, i); });
         on->setAccessibleName(groupNames[i]);
         row->addWidget(on);
-        QComboBox* group = kit_.combo(strip, QString("cboShow_%1").arg(i), w.cboShow[i],
-                                      [i](Core& c) { cboShow_Click(c, i); });
+        // A group may be picked or typed.
+        QComboBox* group = kit_.editableCombo(strip, QString("cboShow_%1").arg(i), w.cboShow[i],
+                                              [i](Core& c) { cboShow_Click(c, i); });
+        group->setMinimumContentsLength(2);
         group->setAccessibleName(QString("Group %1").arg(i + 1));
         kit_.lostFocus(group, [i](Core& c) {
             cboShow_Validate(c, i);
@@ -101,7 +113,10 @@ QWidget* GridWindow::buildFilterStrip(QWidget* parent) {
         kit_.check(strip, "chkFilter_3", w.chkFilter[3], [](Core& c) { chkFilter_Click(c, 3); });
     byMode->setAccessibleName("Show Mode filter");
     row->addWidget(byMode);
-    QComboBox* mode = kit_.combo(strip, "cboModeFilter", w.cboModeFilter, cboModeFilter_Click);
+    // "All" and "SSB" are typed, as no mode of the list is called so.
+    QComboBox* mode =
+        kit_.editableCombo(strip, "cboModeFilter", w.cboModeFilter, cboModeFilter_Click);
+    mode->setMinimumContentsLength(4);
     mode->setAccessibleName("Mode to show");
     row->addWidget(mode);
     row->addSpacing(8);
@@ -158,6 +173,8 @@ QWidget* GridWindow::buildEditPanel(QWidget* parent) {
     second->addWidget(show);
     QLineEdit* name = kit_.textBox(panel, "txtName", w.txtName);
     Checked(kit_, name, CheckName);
+    // Room for the eight characters a name may have.
+    name->setMinimumWidth(name->fontMetrics().horizontalAdvance(QString(9, 'W')));
     labelled(second, "&Name", name);
     second->addWidget(kit_.check(panel, "chkScan", w.chkScan, [](Core&) {}));
     QLineEdit* group = kit_.textBox(panel, "txtGroup", w.txtGroup);
@@ -264,6 +281,27 @@ void GridWindow::showGrid() {
     }
 }
 
+// The edit panel takes the filter strip's place: the window grows by the difference of their
+// heights, so that the grid keeps its height, and gives it back when the panel closes. A
+// maximised window keeps its size.
+void GridWindow::followEditPanel() {
+    const bool editing = kit_.core().frmCsvMem.frmEdit.visible;
+    if (editing == editing_) return;
+    editing_ = editing;
+    if (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) return;
+    // The frames have changed places; the window takes its new size before it is laid out
+    // again, so the grid neither jumps nor is squeezed for a moment. A panel wider than the
+    // window widens it, for as long as it shows.
+    centralWidget()->layout()->activate();
+    layout()->activate();
+    if (editing) {
+        grownBy_ = panel_->sizeHint().height() - strip_->height();
+        resize(std::max(browsingWidth_, minimumSizeHint().width()), height() + grownBy_);
+    } else {
+        resize(browsingWidth_, height() - grownBy_);
+    }
+}
+
 void GridWindow::notePlacement() {
     if (!placed_) return;
     FrmCsvMem& w = kit_.core().frmCsvMem;
@@ -288,6 +326,10 @@ void GridWindow::resizeEvent(QResizeEvent* event) {
 void GridWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     table_->resizeColumnsToContents();
+    // The columns are narrower now than when the current cell was first scrolled to: the grid
+    // starts again from its left edge.
+    table_->horizontalScrollBar()->setValue(0);
+    table_->scrollTo(table_->currentIndex());
 }
 
 void GridWindow::changeEvent(QEvent* event) {

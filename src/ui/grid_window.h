@@ -32,12 +32,19 @@ class GridWindow : public QMainWindow {
     void buildTable(QWidget* parent);
     // Shows the core's rows and its current cell.
     void showGrid();
+    // Grows the window while the edit panel shows, and shrinks it back.
+    void followEditPanel();
     // Tells the core where the window is, in twips.
     void notePlacement();
 
     ViewKit kit_;
     GridModel* model_ = nullptr;
     QTableView* table_ = nullptr;
+    QWidget* strip_ = nullptr;
+    QWidget* panel_ = nullptr;
+    bool editing_ = false;
+    int grownBy_ = 0;        // what the window grew by when the panel showed
+    int browsingWidth_ = 0;  // its width before
     bool placed_ = false;
 };
 

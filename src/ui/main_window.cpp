@@ -18,6 +18,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <memory>
+
 namespace veldor {
 
 namespace {
@@ -54,7 +56,8 @@ MainWindow::MainWindow(Core& core, Views& views)
     right->addWidget(BuildMemoriesGroup(kit_, central));
     right->addWidget(BuildNotesGroup(kit_, central));
     right->addWidget(BuildScanGroup(kit_, central));
-    right->addWidget(BuildSpectrumGroup(kit_, central));
+    QWidget* spectrum = BuildSpectrumGroup(kit_, central);
+    right->addWidget(spectrum);
     right->addStretch();
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
@@ -72,6 +75,7 @@ MainWindow::MainWindow(Core& core, Views& views)
     scroll->setWidget(central);
     setCentralWidget(scroll);
     BuildMenus(kit_, this);
+    followSpectrumOnly(spectrum);
 
     kit_.onRender([this] {
         if (windowTitle() != c_.f.caption) setWindowTitle(c_.f.caption);
@@ -131,6 +135,43 @@ void MainWindow::fitToScreen() {
     if (want.height() > room.height()) want.rwidth() += bar;
     if (want.width() > room.width()) want.rheight() += bar;
     resize(want.boundedTo(room));
+}
+
+void MainWindow::followSpectrumOnly(QWidget* spectrum) {
+    struct Compact {
+        bool on = false;
+        QSize before;
+        QList<QWidget*> hidden;  // the groups hidden here, and no others
+    };
+    auto compact = std::make_shared<Compact>();
+    kit_.onRender([this, spectrum, compact] {
+        const bool only = c_.f.mnuSpectrumOnly.checked;
+        QWidget* page = spectrum->parentWidget();
+        if (!only && !compact->on) return;
+        if (only && !compact->on) compact->before = size();
+        // A render may have shown a group again: it steps aside at every render.
+        bool changed = only != compact->on;
+        if (only) {
+            for (QWidget* w : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                if (w == spectrum || w->isHidden()) continue;
+                w->hide();
+                if (!compact->hidden.contains(w)) compact->hidden << w;
+                changed = true;
+            }
+        } else {
+            for (QWidget* w : compact->hidden) w->show();
+            compact->hidden.clear();
+        }
+        compact->on = only;
+        if (!changed) return;
+        // The layout learns of the hidden groups now rather than at its next turn, so that the
+        // content's size is the frame's when it is asked for.
+        page->layout()->activate();
+        if (only)
+            fitToScreen();
+        else
+            resize(compact->before);
+    });
 }
 
 void MainWindow::place() {

@@ -33,6 +33,10 @@ class MainWindow : public QMainWindow {
     void changeEvent(QEvent* event) override;
 
   private:
+    // "Spectrum display only": the other groups step aside and the window shrinks to the
+    // spectrum's frame; turned off, the groups come back and the window takes its former size.
+    // Set up after every group, so that it has the last word at each render.
+    void followSpectrumOnly(QWidget* spectrum);
     void tellForm();
     // Scales the fonts of all windows to the factor the screen size gives.
     void rescale(double scale);

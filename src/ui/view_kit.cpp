@@ -437,7 +437,8 @@ QComboBox* ViewKit::combo(QWidget* parent, const QString& name, ComboBox& model,
     return box;
 }
 
-QComboBox* ViewKit::editableCombo(QWidget* parent, const QString& name, ComboBox& model) {
+QComboBox* ViewKit::editableCombo(QWidget* parent, const QString& name, ComboBox& model,
+                                  Handler onClick) {
     auto* box = new QComboBox(parent);
     box->setObjectName(name);
     box->setEditable(true);
@@ -448,6 +449,13 @@ QComboBox* ViewKit::editableCombo(QWidget* parent, const QString& name, ComboBox
         model.listIndex = model.list.indexOf(text);
         model.text = model.listIndex < 0 ? text : QString();
     });
+    if (onClick)
+        QObject::connect(box, &QComboBox::activated, box, [this, &model, onClick](int index) {
+            if (rendering_) return;
+            model.listIndex = index;
+            model.text.clear();
+            handle(onClick);
+        });
     auto shown = std::make_shared<QStringList>();
     onRender([box, &model, shown] {
         if (*shown != model.list) {

@@ -128,8 +128,10 @@ class ViewKit {
     QLineEdit* textBox(QWidget* parent, const QString& name, TextBox& model);
     // A list; the operator's choice goes to listIndex, then to the handler.
     QComboBox* combo(QWidget* parent, const QString& name, ComboBox& model, Handler onClick);
-    // A list the operator may also type into; a text not in the list is the control's own.
-    QComboBox* editableCombo(QWidget* parent, const QString& name, ComboBox& model);
+    // A list the operator may also type into; a text not in the list is the control's own. A
+    // choice from the list runs onClick, when given.
+    QComboBox* editableCombo(QWidget* parent, const QString& name, ComboBox& model,
+                             Handler onClick = {});
     QSlider* slider(QWidget* parent, const QString& name, Slider& model, Handler onChange);
     // A vertical scroll bar; the top is its minimum.
     QScrollBar* scrollBar(QWidget* parent, const QString& name, Slider& model, Handler onChange);

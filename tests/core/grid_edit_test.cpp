@@ -227,6 +227,19 @@ TEST(GridFilters, HideRowsByGroupModeAndRange) {
     mnuClearFilters_Click(st.c);
     EXPECT_EQ(st.stored("Settings", "Filter4"), "0");
     EXPECT_FALSE(st.g().RowHidden(3));
+    // A group typed in lower case is the upper-case group once the box is left, and filters
+    // from the next filter event on.
+    w.txtFreqLo.text = w.txtFreqHi.text = "";
+    for (int i : {0, 3, 4}) w.chkFilter[i].value = 0;
+    w.chkFilter[1].value = 1;
+    w.cboShow[1].listIndex = -1;
+    w.cboShow[1].text = "b";
+    cboShow_Validate(st.c, 1);
+    EXPECT_EQ(ComboText(w.cboShow[1]), "B");
+    EXPECT_EQ(st.stored("Settings", "Show1"), "B");
+    chkFilter_Click(st.c, 1);
+    EXPECT_EQ(st.g().RowHidden(4), false);
+    EXPECT_EQ(st.g().RowHidden(1), true);
 }
 
 TEST(GridPrinting, ListsRowsDescriptionsAndRunsOfEmptyMemories) {

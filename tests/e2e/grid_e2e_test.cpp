@@ -57,7 +57,8 @@ struct Operator {
         });
     }
     void start() {
-        QTimer::singleShot(100, [this] {
+        // The operator's timer goes with the operator.
+        QTimer::singleShot(100, &alive, [this] {
             if (steps.empty()) return;
             for (QWidget* w : QApplication::topLevelWidgets())
                 if (w->isVisible() && steps.front()(w)) {
@@ -69,6 +70,7 @@ struct Operator {
     }
     std::vector<std::function<bool(QWidget*)>> steps;
     QStringList texts;
+    QObject alive;
 };
 
 TEST(MemoryGridInTheProgram, AddsACsvFileAndSavesItThroughTheDialogs) {
@@ -126,6 +128,58 @@ TEST(MemoryGridInTheProgram, AddsACsvFileAndSavesItThroughTheDialogs) {
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_TRUE(copy.readAll().endsWith(" 2 , 433.2 ,FMN,Simplex, 5 ,,,,Freq,        ,Y,0,\r\n"));
     EXPECT_TRUE(QFile::exists(dir.path() + "/LastUsed.VDR"));
+    app.closeForSignal();
+}
+
+// The edit panel takes the filter strip's place: the window grows by the difference of their
+// heights, so the grid keeps its rows in sight, and gives it back when the panel closes. Every
+// box of the panel is whole on the screen.
+TEST(MemoryGridInTheProgram, TheEditPanelGrowsTheWindowAndTheGridKeepsItsHeight) {
+    QTemporaryDir dir;
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    QDir().mkpath(dir.path() + "/VELDOR");
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(
+        QString("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=%1\n").arg(dir.path()).toUtf8());
+    ini.close();
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    veldor::ShowGridWindow(app.core());
+    QWidget* grid = app.windows().window(veldor::FormId::frmCsvMem);
+    ASSERT_NE(grid, nullptr);
+    ASSERT_TRUE(Eventually([&] { return grid->isVisible(); }, 2000));
+    auto* table = grid->findChild<QTableView*>("grdMemories");
+    auto* strip = grid->findChild<QWidget*>("frmMainControl");
+    auto* panel = grid->findChild<QWidget*>("frmEdit");
+    const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
+    const auto shoot = [&](const QString& name) {
+        if (!shots.isEmpty()) grid->grab().save(shots + "/" + name + ".png");
+    };
+    QTest::qWait(50);
+    shoot("grid-browsing");
+    const QSize browsing = grid->size();
+    const int tableHeight = table->height();
+    const int stripHeight = strip->height();
+
+    grid->findChild<QAction*>("mnuEdit")->trigger();
+    ASSERT_TRUE(Eventually([&] { return panel->isVisible() && !strip->isVisible(); }, 1000));
+    QTest::qWait(50);
+    shoot("grid-editing");
+    EXPECT_EQ(grid->height() - browsing.height(), panel->height() - stripHeight);
+    EXPECT_EQ(table->height(), tableHeight);
+    EXPECT_GE(table->y(), panel->y() + panel->height());
+    for (QWidget* box : panel->findChildren<QWidget*>()) {
+        if (!box->isVisible()) continue;
+        EXPECT_TRUE(panel->rect().contains(QRect(box->mapTo(panel, QPoint()), box->size())))
+            << box->objectName().toStdString() << " is cut off";
+    }
+
+    grid->findChild<QPushButton*>("cmdEditCancel")->click();
+    ASSERT_TRUE(Eventually([&] { return strip->isVisible(); }, 1000));
+    QTest::qWait(50);
+    EXPECT_EQ(grid->size(), browsing);
+    EXPECT_EQ(table->height(), tableHeight);
     app.closeForSignal();
 }
 

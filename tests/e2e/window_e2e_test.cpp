@@ -14,9 +14,11 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -343,6 +345,54 @@ TEST(WindowPerRig, ShowsTheFrameAndModeButtonsOfTheRig) {
             app.window().grab().save(shots + "/window-" + QString(row.rig).toLower() + ".png");
         app.closeForSignal();
     }
+}
+
+// "Spectrum display only" (F2) leaves the spectrum's frame alone in a window shrunk around it,
+// whole; a second F2 brings every group back in the window's former size. A render while
+// compact (the link's tick) does not bring a group back.
+TEST(WindowSpectrumOnly, ShrinksTheWindowToTheSpectrumAndGrowsItBack) {
+    QTemporaryDir dir;
+    qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
+    QDir().mkpath(dir.path() + "/VELDOR");
+    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nHomeDir=%1\n")
+                  .arg(dir.path())
+                  .toUtf8());
+    ini.close();
+    veldor::Application app;
+    ASSERT_TRUE(app.start(""));
+    veldor::MainWindow& w = app.window();
+    w.show();
+    QTest::qWait(300);
+    const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");
+    auto* spectrum = w.findChild<QGroupBox*>("frmSpectrum");
+    const QSize full = w.size();
+    const auto shown = [&] {
+        QStringList names;
+        for (QWidget* g :
+             spectrum->parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            if (g->isVisible()) names << g->objectName();
+        return names;
+    };
+    const QStringList groups = shown();
+
+    QTest::keyClick(&w, Qt::Key_F2);
+    QTest::qWait(300);  // ticks of the link render meanwhile
+    if (!shots.isEmpty()) w.grab().save(shots + "/window-spectrum-only.png");
+    EXPECT_EQ(shown(), QStringList{"frmSpectrum"});
+    EXPECT_LT(w.height(), full.height() / 2);
+    EXPECT_LT(w.width(), full.width());
+    // Whole, with no scroll bar.
+    EXPECT_TRUE(w.rect().contains(QRect(spectrum->mapTo(&w, QPoint()), spectrum->size())));
+    for (QScrollBar* bar : w.findChildren<QScrollBar*>())
+        EXPECT_FALSE(bar->isVisible() && bar->window() == &w) << bar->objectName().toStdString();
+
+    QTest::keyClick(&w, Qt::Key_F2);
+    QTest::qWait(100);
+    EXPECT_EQ(shown(), groups);
+    EXPECT_EQ(w.size(), full);
+    app.closeForSignal();
 }
 
 TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {

@@ -294,5 +294,42 @@ TEST(StoreFolder, FollowsXdgConfigHome) {
     EXPECT_EQ(IniStore::defaultFolder(), home.path() + "/VELDOR");
 }
 
+// With a writer the store is changed at once and the file follows: a quick run of saves ends
+// with the last values on the disk, in no more writes than saves, and a failure is told once.
+TEST_F(Store, AWriterPutsTheLastValuesOnTheDiskAndTellsAFailureOnce) {
+    {
+        IniStore store(dir.path());
+        store.startWriter();
+        for (int i = 0; i < 50; ++i) {
+            store.saveAll("VELDOR", "CurrentValues",
+                          {{"Frequency", QString::number(14000 + i)}, {"Mode", "USB"}});
+            EXPECT_EQ(store.get("VELDOR", "CurrentValues", "Frequency", ""),
+                      QString::number(14000 + i));
+        }
+        const int writes = store.writes();
+        EXPECT_GE(writes, 1);
+        EXPECT_LE(writes, 50);
+        EXPECT_EQ(IniStore(dir.path()).get("VELDOR", "CurrentValues", "Frequency", ""), "14049");
+        store.save("VELDOR", "Settings", "RigType", "FT817");  // read back after the store ends
+    }
+    EXPECT_EQ(IniStore(dir.path()).get("VELDOR", "Settings", "RigType", ""), "FT817");
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList{"VELDOR.ini"});
+
+    QFile blocker(dir.path() + "/blocked");
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    IniStore blocked(dir.path() + "/blocked");
+    blocked.startWriter();
+    QStringList told;
+    blocked.onTrouble = [&](const QString& text) { told << text; };
+    for (const char* rig : {"FT817", "FT847", "FT450"}) {
+        blocked.save("VELDOR", "Settings", "RigType", rig);
+        blocked.flush();
+    }
+    EXPECT_EQ(blocked.get("VELDOR", "Settings", "RigType", ""), "FT450");
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].startsWith("Settings could not be saved to " + dir.path() + "/blocked"));
+}
+
 }  // namespace
 }  // namespace veldor

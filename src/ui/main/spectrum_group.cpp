@@ -134,32 +134,6 @@ QComboBox* EditableCombo(ViewKit& kit, QWidget* parent, const QString& name, Com
     return box;
 }
 
-// "Spectrum display only": the other groups of the window step aside.
-void FollowSpectrumOnly(ViewKit& kit, QGroupBox* box) {
-    auto compact = std::make_shared<bool>(false);
-    kit.onRender([&kit, box, compact] {
-        const bool only = kit.core().f.mnuSpectrumOnly.checked;
-        QWidget* page = box->parentWidget();
-        if (!page) return;
-        const auto others = page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-        if (only) {
-            for (QWidget* w : others)
-                if (w != box && !w->isHidden()) w->hide();
-        }
-        if (only == *compact) return;
-        *compact = only;
-        QWidget* window = box->window();
-        if (only) {
-            window->adjustSize();
-            window->resize(window->minimumSizeHint());
-        } else {
-            for (QWidget* w : others) w->show();
-            const Form1& f = kit.core().f;
-            window->resize(f.width / 15, f.height / 15);
-        }
-    });
-}
-
 }  // namespace
 
 QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent) {
@@ -205,7 +179,6 @@ QWidget* BuildSpectrumGroup(ViewKit& kit, QWidget* parent) {
     auto* row = new QHBoxLayout(box);
     row->addLayout(trace);
     row->addLayout(side);
-    FollowSpectrumOnly(kit, box);
     return box;
 }
 
