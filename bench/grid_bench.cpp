@@ -1,6 +1,7 @@
 // The memory grid at 100,000 rows: importing a CSV file, a filter change, saving the grid's
 // file and a CSV file, opening the window, and the memory the process then holds. Run
 // offscreen; prints one line per figure.
+#include "bench_station.h"
 #include "grid/csv_file.h"
 #include "grid/grid.h"
 #include "platform/ini_store.h"
@@ -36,17 +37,6 @@ class Answers : public Dialogs {
     QString openFileName(const QString&, const QString&, const QString&, int) override {
         return file;
     }
-};
-
-class BenchSystem : public System {
-  public:
-    bool directoryExists(const QString&) override { return true; }
-    QChar decimalSeparator() override { return '.'; }
-    int screenWidthTwips() override { return 28800; }
-    int screenHeightTwips() override { return 16200; }
-    QString programFolder() override { return "."; }
-    void endProcess() override {}
-    void abortProcess() override {}
 };
 
 QByteArray CsvOfRows(int rows) {
@@ -106,7 +96,7 @@ int main(int argc, char** argv) {
     QtEventPump pump;
     IniStore store(dir.path());
     Answers dialogs;
-    BenchSystem system;
+    bench::BenchSystem system;
     QtWindows windows;
     Views views;
     c.p = Platform{.clock = &clock,

@@ -3,6 +3,7 @@
 // as a memory CSV file.
 #include "convert/convert.h"
 #include "grid/csv_file.h"
+#include "grid/grid.h"
 #include "link/catalogue.h"
 
 #include <QFile>
@@ -203,23 +204,8 @@ void cmdImport_Click(Core& c) {
     CsvRules rules{c.s.RigType, f.cboCTCSS.list, f.cboDCS.list, ConvertToneKinds};
     rules.emptyTxIsDefault = false;
     rules.reportNumericName = true;
-    QChar delimiter = c.s.FieldDelimiter[0];
-    CsvImport in = ReadCsvFile(bytes, delimiter, c.s.DecimalSeparator[0], rules);
-    c.s.FieldDelimiter = delimiter;
-    if (!in.headerValid) {
-        Box(c, "First record is not a valid header record - import aborted");
-        return;
-    }
-    for (const QString& message : in.messages) ReportMessage(c, message);
-    if (in.failedRecord > 0) {
-        c.p.dialogs->messageBox(CsvFailureText(in), "VELDOR", MsgButtons::OK, MsgIcon::Critical);
-        return;
-    }
-    if (!in.messages.isEmpty() &&
-        c.p.dialogs->messageBox(
-            "One or more errors existing in this file. Do you want to try to load it?", "VELDOR",
-            MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No)
-        return;
+    CsvImport in;
+    if (!ReadCsvImport(c, bytes, rules, &in)) return;
 
     // The file's records replace whatever the grid held, numbered from 1.
     MemoryGrid& grid = f.grdMemories;

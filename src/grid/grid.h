@@ -3,6 +3,7 @@
 // the rig (GoTo fills the tune target for the next tick).
 #pragma once
 
+#include "grid/csv_file.h"
 #include "link/core.h"
 
 #include <QByteArray>
@@ -37,6 +38,10 @@ bool DecodeGrid(const QByteArray& bytes, std::vector<GridRow>* rows, QString* re
 
 // Files.
 void mnuAddCSV_Click(Core& c);
+// The checking pass of an import by the rules given, with its messages and questions: false
+// when the import goes no further (no valid header, a record that fails, or the operator
+// declines a file with errors).
+bool ReadCsvImport(Core& c, const QByteArray& bytes, const CsvRules& rules, CsvImport* in);
 void mnuSaveCSV_Click(Core& c);
 void mnuSaveFiltered_Click(Core& c);
 bool WriteCsvFile(Core& c, const QString& fileName);

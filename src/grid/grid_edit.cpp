@@ -210,25 +210,26 @@ void LoadEditPanel(Core& c) {
     w.txtGroup.text = cell(11);
 }
 
-void ShowEditPanel(Core& c) {
+namespace {
+
+// While the edit panel shows, the grid, the Edit menu, Exit and the filter strip stand aside.
+void ShowEditPanelAs(Core& c, bool shown) {
     FrmCsvMem& w = c.frmCsvMem;
-    w.grdMemories.enabled = false;
-    w.mnuEdit.enabled = false;
-    w.cmdEditOK.enabled = w.cmdEditCancel.enabled = true;
-    w.frmEdit.visible = true;
-    w.frmMainControl.visible = false;
-    w.mnuExit.enabled = false;
-    SetFocus(c, w.txtFreqRX);
+    w.grdMemories.enabled = w.mnuEdit.enabled = w.mnuExit.enabled = !shown;
+    w.cmdEditOK.enabled = w.cmdEditCancel.enabled = shown;
+    w.frmEdit.visible = shown;
+    w.frmMainControl.visible = !shown;
+}
+
+}  // namespace
+
+void ShowEditPanel(Core& c) {
+    ShowEditPanelAs(c, true);
+    SetFocus(c, c.frmCsvMem.txtFreqRX);
 }
 
 void CloseEditPanel(Core& c) {
-    FrmCsvMem& w = c.frmCsvMem;
-    w.grdMemories.enabled = true;
-    w.mnuEdit.enabled = true;
-    w.cmdEditOK.enabled = w.cmdEditCancel.enabled = false;
-    w.frmEdit.visible = false;
-    w.frmMainControl.visible = true;
-    w.mnuExit.enabled = true;
+    ShowEditPanelAs(c, false);
 }
 
 void cmdEditCancel_Click(Core& c) {

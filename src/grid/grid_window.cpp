@@ -345,6 +345,24 @@ void EnableMenus(Core& c) {
         m->enabled = true;
 }
 
+bool ReadCsvImport(Core& c, const QByteArray& bytes, const CsvRules& rules, CsvImport* in) {
+    QChar delimiter = c.s.FieldDelimiter[0];
+    *in = ReadCsvFile(bytes, delimiter, Mark(c), rules);
+    c.s.FieldDelimiter = delimiter;
+    if (!in->headerValid) {
+        Tell(c, "First record is not a valid header record - import aborted");
+        return false;
+    }
+    for (const QString& message : in->messages) ReportMessage(c, message);
+    if (in->failedRecord > 0) {
+        c.p.dialogs->messageBox(CsvFailureText(*in), "VELDOR", MsgButtons::OK, MsgIcon::Critical);
+        return false;
+    }
+    return in->messages.isEmpty() ||
+           Ask(c, "One or more errors existing in this file. Do you want to try to load it?",
+               MsgButtons::YesNo) != MsgResult::No;
+}
+
 void mnuAddCSV_Click(Core& c) {
     LoadGridWindow(c);
     SetFieldDelimiter(c);
@@ -371,22 +389,8 @@ void mnuAddCSV_Click(Core& c) {
     file.close();
 
     const FrmCsvMem& w = c.frmCsvMem;
-    QChar delimiter = c.s.FieldDelimiter[0];
-    CsvImport in = ReadCsvFile(bytes, delimiter, Mark(c),
-                               CsvRules{c.s.RigType, w.cboCTCSS.list, w.cboDCS.list});
-    c.s.FieldDelimiter = delimiter;
-    if (!in.headerValid) {
-        Tell(c, "First record is not a valid header record - import aborted");
-        return;
-    }
-    for (const QString& message : in.messages) ReportMessage(c, message);
-    if (in.failedRecord > 0) {
-        c.p.dialogs->messageBox(CsvFailureText(in), "VELDOR", MsgButtons::OK, MsgIcon::Critical);
-        return;
-    }
-    if (!in.messages.isEmpty() &&
-        Ask(c, "One or more errors existing in this file. Do you want to try to load it?",
-            MsgButtons::YesNo) == MsgResult::No)
+    CsvImport in;
+    if (!ReadCsvImport(c, bytes, CsvRules{c.s.RigType, w.cboCTCSS.list, w.cboDCS.list}, &in))
         return;
     const MsgResult clear =
         Ask(c, "Do you want to clear all of the existing memories before importing?",

@@ -1,6 +1,7 @@
 // The real program on the built-in simulated FT-817: TimedEvents.txt tunes the rig and starts
 // a task through the system's launcher; the recorder records a PulseAudio sine source, started
 // by the test, into a wave file chosen in the save dialog.
+#include "e2e_support.h"
 #include "support/pulse_server.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -30,25 +31,16 @@ struct SimStation {
     SimStation() {
         qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
         qputenv("XDG_DATA_HOME", (dir.path() + "/data").toUtf8());
-        QDir().mkpath(dir.path() + "/VELDOR");
-        QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-        if (ini.open(QIODevice::WriteOnly))
-            ini.write(QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\n"
-                              "PollingDelay=0\nHomeDir=%1\n")
-                          .arg(dir.path())
-                          .toUtf8());
+        veldor::test::WriteSettings(
+            dir.path(), QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\n"
+                                "PollingDelay=0\nHomeDir=%1\n")
+                            .arg(dir.path())
+                            .toUtf8());
     }
     QTemporaryDir dir;
 };
 
-// Whether done() comes true within ms, the events running meanwhile. (QTest's QTRY macros
-// leave a GoogleTest case silently.)
-bool Eventually(const std::function<bool()>& done, int ms) {
-    QElapsedTimer t;
-    t.start();
-    while (!done() && t.elapsed() < ms) QTest::qWait(20);
-    return done();
-}
+using veldor::test::Eventually;
 
 // Runs the program in a folder of its own, where the test writes TimedEvents.txt.
 struct InFolder {

@@ -1,6 +1,7 @@
 // The real program converts a TM-D700 memory file: Tools -> "Convert freq files..." with the
 // link on opens the window at the next tick, a file is read and written back over itself, and
 // the link is taken again when the window closes.
+#include "e2e_support.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
 
@@ -25,12 +26,7 @@
 
 namespace {
 
-bool Eventually(const std::function<bool()>& done, int ms) {
-    QElapsedTimer t;
-    t.start();
-    while (!done() && t.elapsed() < ms) QTest::qWait(20);
-    return done();
-}
+using veldor::test::Eventually;
 
 // Runs act on the first visible top-level window of type W once it shows.
 template <typename W>
@@ -68,14 +64,12 @@ void AnswerBox(QString* text, QMessageBox::StandardButton press = QMessageBox::N
 TEST(ConvertInTheProgram, ReadsAKenwoodFileWritesItBackAndImportsACsvFile) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nPollingDelay=0\n"
-                      "HomeDir=%1\n")
-                  .arg(dir.path())
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(),
+        QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nPollingDelay=0\n"
+                "HomeDir=%1\n")
+            .arg(dir.path())
+            .toUtf8()));
     const QString path = dir.path() + "/radio.700";
     const QByteArray original =
         "[TM-D700]\r\nMEMORY\r\n"

@@ -1,5 +1,6 @@
 // The real program's memory grid: Mem Grid opens it, a CSV file is added through the open
 // dialog and the questions, the grid shows it, and Save All writes it through the save dialog.
+#include "e2e_support.h"
 #include "grid/grid.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -26,12 +27,7 @@
 
 namespace {
 
-bool Eventually(const std::function<bool()>& done, int ms) {
-    QElapsedTimer t;
-    t.start();
-    while (!done() && t.elapsed() < ms) QTest::qWait(20);
-    return done();
-}
+using veldor::test::Eventually;
 
 // The operator at the screen: each step waits for its dialog and answers it, in order.
 struct Operator {
@@ -76,13 +72,10 @@ struct Operator {
 TEST(MemoryGridInTheProgram, AddsACsvFileAndSavesItThroughTheDialogs) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nHomeDir=%1\n")
-                  .arg(dir.path())
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(), QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nHomeDir=%1\n")
+                        .arg(dir.path())
+                        .toUtf8()));
     QFile csv(dir.path() + "/club.CSV");
     ASSERT_TRUE(csv.open(QIODevice::WriteOnly));
     csv.write(
@@ -137,12 +130,9 @@ TEST(MemoryGridInTheProgram, AddsACsvFileAndSavesItThroughTheDialogs) {
 TEST(MemoryGridInTheProgram, TheEditPanelGrowsTheWindowAndTheGridKeepsItsHeight) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(
-        QString("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=%1\n").arg(dir.path()).toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(),
+        QString("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=%1\n").arg(dir.path()).toUtf8()));
     veldor::Application app;
     ASSERT_TRUE(app.start(""));
     veldor::ShowGridWindow(app.core());

@@ -1,6 +1,7 @@
 // The real program's accessory windows: the FT-847 cross-band repeater over a pseudo-terminal
 // to veldor-rigsim, the FT-450 DSP panel and the FT-920 meters panel on the built-in simulated
 // rigs. With VELDOR_SCREENSHOTS set to a folder, each window is saved there as a picture.
+#include "e2e_support.h"
 #include "rigsim_state.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -27,11 +28,10 @@ namespace {
 
 void WriteSettings(const QTemporaryDir& dir, const QString& lines) {
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(
-        ("[Settings]\nMainLeft=6000\nMainTop=1500\nHomeDir=" + dir.path() + "\n" + lines).toUtf8());
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(),
+        ("[Settings]\nMainLeft=6000\nMainTop=1500\nHomeDir=" + dir.path() + "\n" + lines)
+            .toUtf8()));
 }
 
 void Screenshot(QWidget* w, const QString& name) {
@@ -39,15 +39,7 @@ void Screenshot(QWidget* w, const QString& name) {
     if (!shots.isEmpty()) w->grab().save(shots + "/" + name + ".png");
 }
 
-bool WaitFor(const std::function<bool()>& done, int ms = 8000) {
-    QElapsedTimer t;
-    t.start();
-    while (t.elapsed() < ms) {
-        if (done()) return true;
-        QTest::qWait(20);
-    }
-    return done();
-}
+using veldor::test::Eventually;
 
 // A press that lands after the caller has returned: the handlers of these windows run loops and
 // modal boxes of their own.
@@ -95,7 +87,7 @@ TEST(CrossBandWindow, RunsTheFt847InSatelliteModeUntilExit) {
     });
     operatorHand.start(50);
     QTest::mouseClick(open, Qt::LeftButton);
-    EXPECT_TRUE(WaitFor([&] { return step == 2 && !QApplication::activeModalWidget(); }, 20000))
+    EXPECT_TRUE(Eventually([&] { return step == 2 && !QApplication::activeModalWidget(); }, 20000))
         << "step " << step;
     EXPECT_EQ(told, "Set menu 41 X-RPT to ON, then click OK");
     EXPECT_TRUE(veldor::test::WaitForRigsim(state, "satellite", "0"));
@@ -108,7 +100,7 @@ TEST(CrossBandWindow, RunsTheFt847InSatelliteModeUntilExit) {
 QWidget* OpenPanel(veldor::Application& app, QAbstractButton* opener, veldor::FormId form) {
     QTest::mouseClick(opener, Qt::LeftButton, {}, QPoint(8, opener->height() / 2));
     QWidget* panel = nullptr;
-    WaitFor([&] {
+    Eventually([&] {
         panel = app.windows().window(form);
         return panel && panel->isVisible();
     });
@@ -124,14 +116,14 @@ TEST(DspPanel, OpensDockedBesideTheMainWindowAndWorksTheFt450) {
     auto* box = main.findChild<QCheckBox*>("chkShowDSP");
     QWidget* panel = OpenPanel(app, box, veldor::FormId::frm450DSP);
     ASSERT_NE(panel, nullptr);
-    EXPECT_TRUE(WaitFor([&] {
+    EXPECT_TRUE(Eventually([&] {
         return panel->frameGeometry().right() + 1 == main.frameGeometry().left() &&
                panel->y() == main.y();
     }));
     // A click on a light goes to the rig; the next reading lights it.
     auto* blanker = panel->findChild<QPushButton*>("lbl450NoiseBlanker");
     QTest::mouseClick(blanker, Qt::LeftButton);
-    EXPECT_TRUE(WaitFor([&] { return blanker->styleSheet().contains("0,255,0"); }));
+    EXPECT_TRUE(Eventually([&] { return blanker->styleSheet().contains("0,255,0"); }));
     Screenshot(panel, "dsp-panel");
     QTest::mouseClick(panel->findChild<QPushButton*>("cmdClose"), Qt::LeftButton);
     EXPECT_FALSE(box->isChecked());
@@ -147,7 +139,7 @@ TEST(MetersPanel, ShowsTheFt920sMetersAndVfoB) {
                                veldor::FormId::frmMeters);
     ASSERT_NE(panel, nullptr);
     // The simulated rig's supply voltage byte, and its VFO B.
-    EXPECT_TRUE(WaitFor([&] { return panel->findChild<QLabel*>("lblVLT")->text() == "190"; }));
+    EXPECT_TRUE(Eventually([&] { return panel->findChild<QLabel*>("lblVLT")->text() == "190"; }));
     EXPECT_EQ(panel->findChild<QProgressBar*>("pbarVLT")->value(), 190);
     EXPECT_EQ(panel->findChild<QLabel*>("lblVFOB")->text(), "7.050.00");
     EXPECT_EQ(panel->frameGeometry().right() + 1, app.window().frameGeometry().left());

@@ -1,6 +1,7 @@
 // Rig sharing end to end: Hamlib's own client (rigctl, model 2 "NET rigctl") talks to the
 // real program, which talks to veldor-rigsim over a pseudo-terminal; the simulator's state
 // file tells what reached the rig.
+#include "e2e_support.h"
 #include "link/catalogue.h"
 #include "rigsim_state.h"
 #include "sharing/rig_sharing.h"
@@ -57,14 +58,11 @@ class SharedRig : public ::testing::Test {
             ASSERT_TRUE(probe.listen(QHostAddress::LocalHost));
             port = probe.serverPort();
         }
-        QDir().mkpath(dir.path() + "/VELDOR");
-        QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write(("[Settings]\nRigType=" + rig + "\nAutoStart=Yes\nCommport=" + link +
-                   "\nHomeDir=" + dir.path() +
-                   "\nRigctldEnabled=Y\nRigctldPort=" + QString::number(port) + "\n")
-                      .toUtf8());
-        ini.close();
+        ASSERT_TRUE(veldor::test::WriteSettings(
+            dir.path(), ("[Settings]\nRigType=" + rig + "\nAutoStart=Yes\nCommport=" + link +
+                         "\nHomeDir=" + dir.path() +
+                         "\nRigctldEnabled=Y\nRigctldPort=" + QString::number(port) + "\n")
+                            .toUtf8()));
         app = std::make_unique<veldor::Application>();
         ASSERT_TRUE(app->start(""));
         ASSERT_TRUE(app->rigctld().listening());
@@ -275,13 +273,10 @@ TEST(RigSharingDialogOnScreen, TurnsSharingOnAtOnce) {
     if (rigctl.isEmpty()) GTEST_SKIP() << "rigctl not installed";
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(),
         ("[Settings]\nRigType=FT817\nAutoStart=Yes\nCommport=SIM\nHomeDir=" + dir.path() + "\n")
-            .toUtf8());
-    ini.close();
+            .toUtf8()));
     quint16 port = 0;
     {
         QTcpServer probe;  // a port that is free now
@@ -322,8 +317,7 @@ TEST(RigSharingDialogOnScreen, TurnsSharingOnAtOnce) {
     t.start();
     while (client.state() != QProcess::NotRunning && t.elapsed() < 20000) QTest::qWait(10);
     EXPECT_EQ(QString::fromUtf8(client.readAllStandardOutput()).trimmed(), "14250000");
-    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
-    const QByteArray text = ini.readAll();
+    const QByteArray text = veldor::test::SettingsText(dir.path());
     EXPECT_TRUE(text.contains("RigctldEnabled=Y"));
     EXPECT_TRUE(text.contains("RigctldPort=" + QByteArray::number(port)));
 }

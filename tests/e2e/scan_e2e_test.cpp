@@ -1,5 +1,6 @@
 // The operator scans a range in the real window over a pseudo-terminal to veldor-rigsim's
 // FT-817: Ctrl+S starts it, and it stops on the carrier of the simulated band at 14.074 MHz.
+#include "e2e_support.h"
 #include "rigsim_state.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -24,14 +25,11 @@ TEST(ScanOverPty, ARangeScanStopsOnACarrier) {
     QProcess rigsim;
     rigsim.start(VELDOR_RIGSIM, {"--rig", "FT817", "--link", link, "--state-file", stateFile});
     ASSERT_TRUE(rigsim.waitForReadyRead(5000));
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT817\nCommport=" + link + "\nHomeDir=" + dir.path() +
-               "\nHangDelay=20\n[Scanner]\nScan0Desc0=FT8\nScan0Start0=14.060\n"
-               "Scan0Stop0=14.090\nScan0Step0=5.0\nScan0Mode0=USB\n")
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(), ("[Settings]\nRigType=FT817\nCommport=" + link + "\nHomeDir=" + dir.path() +
+                     "\nHangDelay=20\n[Scanner]\nScan0Desc0=FT8\nScan0Start0=14.060\n"
+                     "Scan0Stop0=14.090\nScan0Step0=5.0\nScan0Mode0=USB\n")
+                        .toUtf8()));
     {
         veldor::Application app;
         ASSERT_TRUE(app.start(""));

@@ -1,5 +1,6 @@
 // The application shell in the real program: a new operator chooses rig and port in the
 // settings dialog and the link to veldor-rigsim comes up; the menus' keys reach their items.
+#include "e2e_support.h"
 #include "rigsim_state.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -70,11 +71,8 @@ TEST(NewOperator, ChoosesRigAndPortInTheDialogAndTheLinkComesUp) {
     rigsim.start(VELDOR_RIGSIM, {"--rig", "FT847", "--link", link, "--state-file", state});
     ASSERT_TRUE(rigsim.waitForReadyRead(5000));
     // Nothing stored but the files folder, so that no folder chooser comes first.
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nHomeDir=" + dir.path() + "\n").toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(dir.path(),
+                                            ("[Settings]\nHomeDir=" + dir.path() + "\n").toUtf8()));
     {
         veldor::Application app;
         ASSERT_TRUE(app.start(""));
@@ -104,8 +102,7 @@ TEST(NewOperator, ChoosesRigAndPortInTheDialogAndTheLinkComesUp) {
         app.closeForSignal();
     }
     // Kept for the next start.
-    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
-    const QByteArray text = ini.readAll();
+    const QByteArray text = veldor::test::SettingsText(dir.path());
     EXPECT_TRUE(text.contains("RigType=FT847")) << text.toStdString();
     EXPECT_TRUE(text.contains("CommSpeed=9600,N,8,2"));
     rigsim.terminate();
@@ -116,11 +113,9 @@ TEST(NewOperator, ChoosesRigAndPortInTheDialogAndTheLinkComesUp) {
 TEST(MenuKeys, ReachTheirItems) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=" + dir.path() + "\n").toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(),
+        ("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=" + dir.path() + "\n").toUtf8()));
     veldor::Application app;
     ASSERT_TRUE(app.start(""));
     QMainWindow& window = static_cast<QMainWindow&>(app.window());
@@ -154,11 +149,9 @@ TEST(MenuKeys, ReachTheirItems) {
 TEST(HelpAndMessages, AboutTellsTheVersionAndTheLogGoesToTheClipboard) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=" + dir.path() + "\n").toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(),
+        ("[Settings]\nRigType=FT817\nCommport=SIM\nHomeDir=" + dir.path() + "\n").toUtf8()));
     veldor::Application app;
     ASSERT_TRUE(app.start(""));
     const QString shots = qEnvironmentVariable("VELDOR_SCREENSHOTS");

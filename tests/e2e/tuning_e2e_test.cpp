@@ -1,6 +1,7 @@
 // The operator tunes the real window over a pseudo-terminal to veldor-rigsim's FT-817: the
 // mouse wheel over the frequency, a typed GoTo with a mode letter, the arrow keys on the step
 // grid, and the large GoTo box.
+#include "e2e_support.h"
 #include "rigsim_state.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -27,12 +28,9 @@ TEST(TuningOverPty, TheWheelArrowsAndATypedGoToTuneTheRig) {
     QProcess rigsim;
     rigsim.start(VELDOR_RIGSIM, {"--rig", "FT817", "--link", link, "--state-file", stateFile});
     ASSERT_TRUE(rigsim.waitForReadyRead(5000));
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT817\nCommport=" + link + "\nHomeDir=" + dir.path() + "\n")
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(dir.path(), ("[Settings]\nRigType=FT817\nCommport=" +
+                                                         link + "\nHomeDir=" + dir.path() + "\n")
+                                                            .toUtf8()));
     auto rigHas = [&stateFile](const char* key, const char* value) {
         return veldor::test::WaitForRigsim(stateFile, key, value);
     };

@@ -1,5 +1,6 @@
 // The real main window, with the real serial port, over a pseudo-terminal to veldor-rigsim:
 // clicks on the widgets take the simulated FT-847 into CAT mode and out of it.
+#include "e2e_support.h"
 #include "link/catalogue.h"
 #include "rigsim_state.h"
 #include "ui/application.h"
@@ -43,11 +44,10 @@ class WindowOverPty : public ::testing::Test {
                                     "--control", control});
         ASSERT_TRUE(rigsim.waitForStarted(5000));
         ASSERT_TRUE(rigsim.waitForReadyRead(5000));
-        QDir().mkpath(dir.path() + "/VELDOR");
-        QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write(("[Settings]\nRigType=FT847\nCommport=" + link + "\nHomeDir=" + dir.path() + "\n")
-                      .toUtf8());
+        ASSERT_TRUE(veldor::test::WriteSettings(
+            dir.path(),
+            ("[Settings]\nRigType=FT847\nCommport=" + link + "\nHomeDir=" + dir.path() + "\n")
+                .toUtf8()));
     }
     void TearDown() override {
         rigsim.terminate();
@@ -111,9 +111,7 @@ TEST_F(WindowOverPty, TheWindowFollowsTheRigAndRecordsItForOtherPrograms) {
     EXPECT_EQ(vfo->text(), "7.074.00");
     EXPECT_EQ(app.window().findChild<QLineEdit*>("txtMode")->text(), "LSB");
     QTest::qWait(300);  // a tick or two more, for the record
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
-    const QByteArray text = ini.readAll();
+    const QByteArray text = veldor::test::SettingsText(dir.path());
     EXPECT_TRUE(text.contains("Frequency=7.074.00")) << text.toStdString();
     EXPECT_TRUE(text.contains("Mode=LSB"));
     EXPECT_TRUE(text.contains("Status=Active"));
@@ -129,13 +127,10 @@ TEST(RigctlBesideVeldor, AFrequencySetByRigctlShowsAndIsRecorded) {
     QProcess rigsim;
     rigsim.start(RigsimPath(), {"--rig", "FT817", "--link", first, "--second-link", second});
     ASSERT_TRUE(rigsim.waitForReadyRead(5000));
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT817\nAutoStart=Yes\nCommport=" + first +
-               "\nHomeDir=" + dir.path() + "\n")
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(), ("[Settings]\nRigType=FT817\nAutoStart=Yes\nCommport=" + first +
+                     "\nHomeDir=" + dir.path() + "\n")
+                        .toUtf8()));
     {
         veldor::Application app;
         ASSERT_TRUE(app.start(""));
@@ -153,8 +148,7 @@ TEST(RigctlBesideVeldor, AFrequencySetByRigctlShowsAndIsRecorded) {
         EXPECT_EQ(vfo->text(), "7.074.00");
         QTest::qWait(300);
     }
-    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(ini.readAll().contains("Frequency=7.074.00"));
+    EXPECT_TRUE(veldor::test::SettingsText(dir.path()).contains("Frequency=7.074.00"));
     rigsim.terminate();
     rigsim.waitForFinished(5000);
 }
@@ -307,13 +301,10 @@ TEST(WindowPerRig, ShowsTheFrameAndModeButtonsOfTheRig) {
     for (const Row& row : rows) {
         QTemporaryDir dir;
         qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-        QDir().mkpath(dir.path() + "/VELDOR");
-        QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write(QString("[Settings]\nRigType=%1\nCommport=SIM\nAutoStart=Yes\nHomeDir=%2\n")
-                      .arg(row.rig, dir.path())
-                      .toUtf8());
-        ini.close();
+        ASSERT_TRUE(veldor::test::WriteSettings(
+            dir.path(), QString("[Settings]\nRigType=%1\nCommport=SIM\nAutoStart=Yes\nHomeDir=%2\n")
+                            .arg(row.rig, dir.path())
+                            .toUtf8()));
         veldor::Application app;
         ASSERT_TRUE(app.start(""));
         app.window().show();
@@ -353,13 +344,10 @@ TEST(WindowPerRig, ShowsTheFrameAndModeButtonsOfTheRig) {
 TEST(WindowSpectrumOnly, ShrinksTheWindowToTheSpectrumAndGrowsItBack) {
     QTemporaryDir dir;
     qputenv("XDG_CONFIG_HOME", dir.path().toUtf8());
-    QDir().mkpath(dir.path() + "/VELDOR");
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nHomeDir=%1\n")
-                  .arg(dir.path())
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(
+        dir.path(), QString("[Settings]\nRigType=FT817\nCommport=SIM\nAutoStart=Yes\nHomeDir=%1\n")
+                        .arg(dir.path())
+                        .toUtf8()));
     veldor::Application app;
     ASSERT_TRUE(app.start(""));
     veldor::MainWindow& w = app.window();
@@ -396,12 +384,10 @@ TEST(WindowSpectrumOnly, ShrinksTheWindowToTheSpectrumAndGrowsItBack) {
 }
 
 TEST_F(WindowOverPty, APortThatDoesNotExistPutsTheSwitchBackWithAReason) {
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write(("[Settings]\nRigType=FT847\nCommport=" + dir.path() +
-               "/nothing\nHomeDir=" + dir.path() + "\n")
-                  .toUtf8());
-    ini.close();
+    ASSERT_TRUE(veldor::test::WriteSettings(dir.path(),
+                                            ("[Settings]\nRigType=FT847\nCommport=" + dir.path() +
+                                             "/nothing\nHomeDir=" + dir.path() + "\n")
+                                                .toUtf8()));
     veldor::Application app;
     ASSERT_TRUE(app.start(""));
     auto* onOff = app.window().findChild<QCheckBox*>("chkOnOff");
@@ -446,9 +432,7 @@ TEST_F(WindowOverPty, ShiftF2StoresTheRigsFrequencyAndCtrlF2TakesTheRigBack) {
     EXPECT_TRUE(waitForRig("frequency", "145500000"));
     EXPECT_EQ(rigState("mode"), "FM");
     EXPECT_TRUE(showing("145.500.00"));
-    QFile ini(dir.path() + "/VELDOR/VELDOR.ini");
-    ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(ini.readAll().contains("Bank1M2Freq=145.50000"));
+    EXPECT_TRUE(veldor::test::SettingsText(dir.path()).contains("Bank1M2Freq=145.50000"));
 }
 
 }  // namespace
