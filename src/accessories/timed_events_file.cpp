@@ -79,10 +79,16 @@ void Box(Core& c, const QString& text) {
     c.p.dialogs->messageBox(text, "VELDOR", MsgButtons::OK, MsgIcon::Exclamation);
 }
 
+void RefuseFile(Core& c, int recordNumber) {
+    // The number is shown with the blank a number's text leads with.
+    Box(c, "Problem encountered reading the TimedEvents.txt file at record " +
+               QString(" %1").arg(recordNumber) + "\r\nAll timed activities disabled");
+    c.f.cmdTimed.enabled = false;
+}
+
 }  // namespace
 
 void LoadTimedEvents(Core& c) {
-    State& s = c.s;
     QFile file(kTimedEventsFile);
     if (!file.exists()) {
         Box(c,
@@ -91,17 +97,17 @@ void LoadTimedEvents(Core& c) {
         c.f.cmdTimed.enabled = false;
         return;
     }
-    int recordNumber = 0;
-    std::optional<std::vector<TimedRecord>> records;
-    if (file.open(QIODevice::ReadOnly)) records = ReadRecords(file.readAll(), &recordNumber);
+    if (!file.open(QIODevice::ReadOnly)) return RefuseFile(c, 0);
+    const QByteArray bytes = file.readAll();
     file.close();
-    if (!records) {
-        // The number is shown with the blank a number's text leads with.
-        Box(c, "Problem encountered reading the TimedEvents.txt file at record " +
-                   QString(" %1").arg(recordNumber) + "\r\nAll timed activities disabled");
-        c.f.cmdTimed.enabled = false;
-        return;
-    }
+    ReadTimedEvents(c, bytes);
+}
+
+void ReadTimedEvents(Core& c, const QByteArray& bytes) {
+    State& s = c.s;
+    int recordNumber = 0;
+    const std::optional<std::vector<TimedRecord>> records = ReadRecords(bytes, &recordNumber);
+    if (!records) return RefuseFile(c, recordNumber);
     for (const TimedRecord& r : *records) {
         if (r.task) {
             s.TimedTaskTime.append(r.time);

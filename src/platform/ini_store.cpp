@@ -177,6 +177,82 @@ void RemoveLeftoverTemporaries(const QString& path) {
 
 }  // namespace
 
+IniDocument IniDocument::parse(const QByteArray& bytes) {
+    IniDocument doc;
+    const QString text = DecodeSettingsText(bytes);
+    Section* current = nullptr;
+    QHash<QString, size_t> sectionIndex;
+    for (QStringView line : QStringView(text).split('\n')) {
+        line = line.trimmed();
+        if (line.startsWith('[') && line.endsWith(']') && line.size() >= 2) {
+            const QString name = line.mid(1, line.size() - 2).trimmed().toString();
+            const QString id = name.toUpper();
+            auto found = sectionIndex.constFind(id);
+            if (found == sectionIndex.constEnd()) {
+                found = sectionIndex.insert(id, doc.sections_.size());
+                doc.sections_.push_back(Section{name, {}, {}});
+            }
+            current = &doc.sections_[*found];
+            continue;
+        }
+        const qsizetype eq = line.indexOf('=');
+        if (!current || eq <= 0) continue;
+        const QString key = line.left(eq).trimmed().toString();
+        const QString value = UnescapeIniValue(line.mid(eq + 1).trimmed().toString());
+        put(*current, key, value);
+    }
+    return doc;
+}
+
+QByteArray IniDocument::text() const {
+    QString text;
+    for (const Section& s : sections_) {
+        text += "[" + s.name + "]\n";
+        for (const auto& [k, v] : s.entries) text += k + "=" + EscapeIniValue(v) + "\n";
+        text += "\n";
+    }
+    return text.toUtf8();
+}
+
+const QString* IniDocument::find(const QString& section, const QString& key) const {
+    for (const Section& s : sections_) {
+        if (!SameKey(s.name, section)) continue;
+        const auto found = s.index.constFind(key.toUpper());
+        if (found != s.index.constEnd()) return &s.entries[*found].second;
+    }
+    return nullptr;
+}
+
+QList<QPair<QString, QString>> IniDocument::all(const QString& section) const {
+    QList<QPair<QString, QString>> all;
+    for (const Section& s : sections_)
+        if (SameKey(s.name, section))
+            for (const auto& entry : s.entries) all.append(entry);
+    return all;
+}
+
+bool IniDocument::put(Section& s, const QString& key, const QString& value) {
+    const QString id = key.toUpper();
+    const auto found = s.index.constFind(id);
+    if (found == s.index.constEnd()) {
+        s.index.insert(id, s.entries.size());
+        s.entries.push_back({key, value});
+        return true;
+    }
+    QString& stored = s.entries[*found].second;
+    // The poll writes the rig's values on every tick; most of them have not changed.
+    if (stored == value) return false;
+    stored = value;
+    return true;
+}
+
+bool IniDocument::put(const QString& section, const QString& key, const QString& value) {
+    auto s = std::find_if(sections_.begin(), sections_.end(),
+                          [&](const Section& x) { return SameKey(x.name, section); });
+    if (s == sections_.end()) s = sections_.insert(sections_.end(), Section{section, {}, {}});
+    return put(*s, key, value);
+}
+
 void IniStore::tell(const QString& text) {
     if (onTrouble)
         onTrouble(text);
@@ -225,28 +301,7 @@ IniStore::Document IniStore::load(const QString& path) {
              "): VELDOR runs on its defaults and will not write over it.");
         return doc;
     }
-    const QString text = DecodeSettingsText(data);
-    Section* current = nullptr;
-    QHash<QString, size_t> sectionIndex;
-    for (QStringView line : QStringView(text).split('\n')) {
-        line = line.trimmed();
-        if (line.startsWith('[') && line.endsWith(']') && line.size() >= 2) {
-            const QString name = line.mid(1, line.size() - 2).trimmed().toString();
-            const QString id = name.toUpper();
-            auto found = sectionIndex.constFind(id);
-            if (found == sectionIndex.constEnd()) {
-                found = sectionIndex.insert(id, doc.sections.size());
-                doc.sections.push_back(Section{name, {}, {}});
-            }
-            current = &doc.sections[*found];
-            continue;
-        }
-        const qsizetype eq = line.indexOf('=');
-        if (!current || eq <= 0) continue;
-        const QString key = line.left(eq).trimmed().toString();
-        const QString value = UnescapeIniValue(line.mid(eq + 1).trimmed().toString());
-        put(*current, key, value);
-    }
+    doc.values = IniDocument::parse(data);
     return doc;
 }
 
@@ -259,58 +314,27 @@ IniStore::Document& IniStore::document(const QString& appName) {
 
 QString IniStore::get(const QString& appName, const QString& section, const QString& key,
                       const QString& defaultValue) {
-    for (const Section& s : document(appName).sections) {
-        if (!SameKey(s.name, section)) continue;
-        const auto found = s.index.constFind(key.toUpper());
-        if (found != s.index.constEnd()) return s.entries[*found].second;
-    }
-    return defaultValue;
-}
-
-bool IniStore::put(Section& s, const QString& key, const QString& value) {
-    const QString id = key.toUpper();
-    const auto found = s.index.constFind(id);
-    if (found == s.index.constEnd()) {
-        s.index.insert(id, s.entries.size());
-        s.entries.push_back({key, value});
-        return true;
-    }
-    QString& stored = s.entries[*found].second;
-    // The poll writes the rig's values on every tick; most of them have not changed.
-    if (stored == value) return false;
-    stored = value;
-    return true;
-}
-
-bool IniStore::put(Document& doc, const QString& section, const QString& key,
-                   const QString& value) {
-    auto s = std::find_if(doc.sections.begin(), doc.sections.end(),
-                          [&](const Section& x) { return SameKey(x.name, section); });
-    if (s == doc.sections.end())
-        s = doc.sections.insert(doc.sections.end(), Section{section, {}, {}});
-    return put(*s, key, value);
+    const QString* value = document(appName).values.find(section, key);
+    return value ? *value : defaultValue;
 }
 
 void IniStore::save(const QString& appName, const QString& section, const QString& key,
                     const QString& value) {
     Document& doc = document(appName);
-    if (put(doc, section, key, value)) write(appName, doc);
+    if (doc.values.put(section, key, value)) write(appName, doc);
 }
 
 void IniStore::saveAll(const QString& appName, const QString& section,
                        const QList<QPair<QString, QString>>& values) {
     Document& doc = document(appName);
     bool changed = false;
-    for (const auto& [key, value] : values) changed = put(doc, section, key, value) || changed;
+    for (const auto& [key, value] : values)
+        changed = doc.values.put(section, key, value) || changed;
     if (changed) write(appName, doc);
 }
 
 QList<QPair<QString, QString>> IniStore::getAll(const QString& appName, const QString& section) {
-    QList<QPair<QString, QString>> all;
-    for (const Section& s : document(appName).sections)
-        if (SameKey(s.name, section))
-            for (const auto& entry : s.entries) all.append(entry);
-    return all;
+    return document(appName).values.all(section);
 }
 
 // A temporary file renamed over the old one, and only when every byte reached the disk: a
@@ -321,13 +345,7 @@ void IniStore::write(const QString& appName, const Document& doc) {
         tellWriteFailure("Settings are not saved: " + path + " could not be read.");
         return;
     }
-    QString text;
-    for (const Section& s : doc.sections) {
-        text += "[" + s.name + "]\n";
-        for (const auto& [k, v] : s.entries) text += k + "=" + EscapeIniValue(v) + "\n";
-        text += "\n";
-    }
-    const QByteArray bytes = text.toUtf8();
+    const QByteArray bytes = doc.values.text();
     if (!writer_) return noteWrite(path, writeFile(folder_, path, bytes));
     {
         std::lock_guard<std::mutex> held(writer_->lock);

@@ -13,6 +13,31 @@
 
 namespace veldor {
 
+// The sections and keys of one settings file in memory: keys case-insensitive, kept in the
+// order first written.
+class IniDocument {
+  public:
+    // Any bytes parse: UTF-16 (by its mark or its zero bytes), UTF-8, or else Latin-1; lines
+    // that are neither a section nor a key are passed over.
+    static IniDocument parse(const QByteArray& bytes);
+    // The text of the file, in UTF-8.
+    QByteArray text() const;
+    // The key's value, or nullptr; the section's name is case-insensitive too.
+    const QString* find(const QString& section, const QString& key) const;
+    QList<QPair<QString, QString>> all(const QString& section) const;
+    // Puts the value in; false when it was there already.
+    bool put(const QString& section, const QString& key, const QString& value);
+
+  private:
+    struct Section {
+        QString name;
+        std::vector<QPair<QString, QString>> entries;  // key as first written, value
+        QHash<QString, size_t> index;                  // upper-cased key to its entry
+    };
+    static bool put(Section& s, const QString& key, const QString& value);
+    std::vector<Section> sections_;
+};
+
 class IniStore : public SettingsStore {
   public:
     explicit IniStore(QString folder);
@@ -54,22 +79,13 @@ class IniStore : public SettingsStore {
     static constexpr qint64 kSizeLimit = 16 * 1024 * 1024;
 
   private:
-    struct Section {
-        QString name;
-        std::vector<QPair<QString, QString>> entries;  // key as first written, value
-        QHash<QString, size_t> index;                  // upper-cased key to its entry
-    };
     struct Document {
-        std::vector<Section> sections;
+        IniDocument values;
         // The file is there but could not be read: writing would lose what it holds.
         bool unreadable = false;
     };
 
     Document& document(const QString& appName);
-    // Puts the value in the document; false when it was there already.
-    static bool put(Section& s, const QString& key, const QString& value);
-    static bool put(Document& doc, const QString& section, const QString& key,
-                    const QString& value);
     void write(const QString& appName, const Document& doc);
     // Writes the text to the file, atomically; the failure's words, or an empty text.
     static QString writeFile(const QString& folder, const QString& path, const QByteArray& bytes);

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace veldor::test {
 
 void VirtualPump::runDue() {
@@ -21,8 +23,16 @@ void VirtualPump::processEvents() {
 
 void VirtualPump::sleepUntil(int milliseconds, int, const std::function<bool()>& ready) {
     ++sleeps;
-    for (int elapsed = 0; elapsed < milliseconds && !(ready && ready()); ++elapsed) {
-        ++clock_.now;
+    const uint32_t end = clock_.now + static_cast<uint32_t>(std::max(milliseconds, 0));
+    while (clock_.now < end && !(ready && ready())) {
+        uint32_t next = clock_.now + 1;
+        if (nextChange) {
+            next = end;
+            if (!events_.empty()) next = std::min(next, events_.begin()->first);
+            if (const auto change = nextChange()) next = std::min(next, *change);
+            next = std::max(next, clock_.now + 1);
+        }
+        clock_.now = next;
         runDue();
     }
 }
@@ -194,6 +204,13 @@ void ScriptedPort::take() {
     }
 }
 
+std::optional<uint32_t> ScriptedPort::nextArrival() const {
+    std::optional<uint32_t> first;
+    for (const auto& [ms, bytes] : pending_)
+        if (!first || ms < *first) first = ms;
+    return first;
+}
+
 int ScriptedPort::inBufferCount() {
     take();
     return open_ ? static_cast<int>(buffer_.size()) : 0;
@@ -228,6 +245,12 @@ Harness::Harness(bool scriptedMainPort) {
     if (scriptedMainPort) {
         scriptedPort = std::make_unique<ScriptedPort>(clock);
         main = scriptedPort.get();
+        // Nothing but the scripted ports' bytes and the registered events moves with time.
+        pump.nextChange = [this]() -> std::optional<uint32_t> {
+            const auto a = scriptedPort->nextArrival(), b = pttPort.nextArrival();
+            if (a && b) return std::min(*a, *b);
+            return a ? a : b;
+        };
     } else {
         simPort = std::make_unique<SimPort>(clock, [this] { return c.s.RigType; });
         main = simPort.get();

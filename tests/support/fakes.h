@@ -14,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace veldor::test {
@@ -35,9 +36,14 @@ class VirtualPump : public EventPump {
     explicit VirtualPump(VirtualClock& clock) : clock_(clock) {}
     void at(uint32_t ms, std::function<void()> event) { events_.emplace(ms, std::move(event)); }
     void processEvents() override;
-    // Steps the clock a millisecond at a time, running the events due and ending once ready()
-    // holds.
+    // Moves the clock on, running the events due and ending once ready() holds: a millisecond
+    // at a time, or with nextChange from one moment at which something changes to the next.
     void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) override;
+    // The next moment at which something besides the registered events changes (a scripted
+    // reply turning readable), if any. Left unset where replies come byte by byte (the
+    // simulated rig), so that the clock steps each millisecond; set, a lost reply's wait costs
+    // a few leaps rather than hundreds of steps.
+    std::function<std::optional<uint32_t>()> nextChange;
     int pumps = 0;
     int sleeps = 0;
 
@@ -215,6 +221,8 @@ class ScriptedPort : public SerialPort {
     explicit ScriptedPort(VirtualClock& clock) : clock_(clock) {}
     // Bytes that become readable at virtual time ms.
     void arrive(uint32_t ms, const QByteArray& bytes) { pending_.push_back({ms, bytes}); }
+    // The earliest moment at which bytes still to arrive turn readable, if any.
+    std::optional<uint32_t> nextArrival() const;
     // Each write gets this reply, readable after latencyMs.
     std::function<QByteArray(const QByteArray&)> answer;
     uint32_t latencyMs = 10;
