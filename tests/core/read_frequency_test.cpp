@@ -96,43 +96,24 @@ TEST(BadFrequency, AGoodOneInBetweenStartsTheCountAgain) {
     EXPECT_FALSE(h.system.aborted);
 }
 
-TEST(ReadFrequency, TheFt817sModeByteNamesTheMode) {
-    for (const auto& [reply, mode] :
-         {std::pair{"0000000006", "FM"}, {"000000008a", "DIG"}, {"0000000083", "CWRN"}}) {
-        ScriptedRig h(RigFT817);
+// Replies written by hand: the FT-817's mode byte; zero is a good frequency; a short reply and
+// an FT-1000MP record whose byte 1 is above 2E change nothing, and say nothing.
+TEST(ReadFrequency, ShowsWhatTheReplySays) {
+    const std::tuple<QString, const char*, const char*> cases[] = {
+        {RigFT817, "0000000006", ".000.00 FM"},
+        {RigFT817, "000000008a", ".000.00 DIG"},
+        {RigFT817, "0000000083", ".000.00 CWRN"},
+        {RigFT847, "0000000001", ".000.00 USB"},
+        {RigFT817, "014250", "1.000.00 "},
+        {RigFT1000MP, "002f0000000000000000000000000000", "1.000.00 "}};
+    for (const auto& [rig, reply, shown] : cases) {
+        ScriptedRig h(rig);
+        h.c.f.txtVfoA.text = "1.000.00";
         h.replies(QByteArray::fromHex(reply));
         ReadFrequencyAndMode(h.c);
-        EXPECT_EQ(h.c.f.txtMode.text, mode);
+        EXPECT_EQ(h.c.f.txtVfoA.text + " " + h.c.f.txtMode.text, shown) << reply;
+        EXPECT_TRUE(h.dialogs.messages.empty()) << reply;
     }
-}
-
-TEST(ReadFrequency, ZeroIsAGoodFrequency) {
-    ScriptedRig h(RigFT847);
-    h.replies(QByteArray::fromHex("0000000001"));
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.s.CurrentFrequency, 0);
-    EXPECT_EQ(h.c.f.txtVfoA.text, ".000.00");
-    EXPECT_TRUE(h.dialogs.messages.empty());
-}
-
-TEST(ReadFrequency, AShortReplyChangesNothing) {
-    ScriptedRig h(RigFT817);
-    h.c.f.txtVfoA.text = "1.000.00";
-    h.replies(QByteArray::fromHex("014250"));
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
-    EXPECT_TRUE(h.c.s.ReplyTimedOut);
-}
-
-TEST(Ft1000Mp, AByteOneAbove2EIsRejectedSilently) {
-    ScriptedRig h(RigFT1000MP);
-    QByteArray block(16, '\0');
-    block[1] = 0x2F;
-    h.replies(block);
-    h.c.f.txtVfoA.text = "1.000.00";
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
-    EXPECT_TRUE(h.dialogs.messages.empty());
 }
 
 TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
@@ -251,33 +232,29 @@ int Readings(Harness& h) {
     return static_cast<int>(h.rigReceived().count(QByteArray::fromHex("0000000003")));
 }
 
-TEST(Polling, NoPollingReadsNothingUntilUpdateNow) {
-    OnAir h(RigFT817, 14250000, "USB");
+// With polling off nothing is read until "Update now", which reads once; the tone lights are
+// refreshed at each tick all the same.
+TEST(Polling, NoPollingReadsNothingUntilUpdateNowButRefreshesTheToneLights) {
+    OnAir h(RigFT817, 145500000, "FM");
     SetPollingDelay(h.c, 99);
     EXPECT_EQ(h.stored("Settings", "PollingDelay"), "99");
     EXPECT_TRUE(h.c.f.mnuPollingOff.checked);
     h.rig().clearTrace();
-    PerformStatusUpdate(h.c);
-    EXPECT_TRUE(h.rigReceived().isEmpty());
-    mnuPollingUpdateNow_Click(h.c);
-    PerformStatusUpdate(h.c);
-    EXPECT_EQ(Readings(h), 1);
-    PerformStatusUpdate(h.c);
-    EXPECT_EQ(Readings(h), 1);  // one reading only
-}
-
-TEST(Polling, NoPollingStillRefreshesTheToneLightsAtEachTick) {
-    OnAir h(RigFT817, 145500000, "FM");
-    SetPollingDelay(h.c, 99);
     h.c.s.ToneCode = "8";
     h.c.s.ToneDecode = "1";
     PerformStatusUpdate(h.c);
+    EXPECT_TRUE(h.rigReceived().isEmpty());
     EXPECT_EQ(h.c.f.lblDec.backColour, Green);
     EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "88.5");
     h.c.f.txtMode.text = "USB";
     PerformStatusUpdate(h.c);
     EXPECT_EQ(h.c.f.lblDec.backColour, White);
     EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "Freq");
+    mnuPollingUpdateNow_Click(h.c);
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(Readings(h), 1);
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(Readings(h), 1);  // one reading only
 }
 
 TEST(Polling, AReadingFallsDueAfterTheEndOfTheLastOne) {

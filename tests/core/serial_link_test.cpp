@@ -149,33 +149,23 @@ TEST_F(Link, SwitchingOffDuringAReadEndsItAsATimeoutAndPutsTheCounterBackToZero)
     EXPECT_TRUE(h.c.s.ReplyTimedOut);
 }
 
-// Text replies of the FT-450.
+// Text replies of the FT-450. Each case: what was left over from earlier reads, what arrives,
+// then whether a reply was taken, the reply, and what stays in the buffer.
 TEST_F(Link, TextFramingCollectsOneReply) {
-    struct Case {
-        const char* buffered;  // left over from earlier reads
-        const char* arriving;
-        bool result;
-        const char* reply;
-        const char* bufferAfter;
-    };
-    const Case cases[] = {
-        {"", "FA014250000;", true, "FA014250000;", ""},
-        {"", "ID0241;FA014250000;", true, "ID0241;", "FA014250000;"},
-        {"FA0142", "50000;", true, "FA014250000;", ""},
-        {"", "FA014250000;?;", true, "FA014250000;", ""},
-        {"", "?;FA014250000;", true, "FA014250000;", ""},
-        {"", "?;", false, "", "?;"},
-        {"FA01", "42?;50000;", true, "FA014250000;", ""},
-    };
-    for (const Case& t : cases) {
-        SCOPED_TRACE(std::string(t.buffered) + "|" + t.arriving);
+    const QString cases =
+        "|FA014250000;|1|FA014250000;| |ID0241;FA014250000;|1|ID0241;|FA014250000; "
+        "FA0142|50000;|1|FA014250000;| |FA014250000;?;|1|FA014250000;| "
+        "|?;FA014250000;|1|FA014250000;| |?;|0||?; FA01|42?;50000;|1|FA014250000;|";
+    for (const QString& c : cases.split(' ')) {
+        SCOPED_TRACE(c.toStdString());
+        const QStringList t = c.split('|');
         port().clearInput();
         h.c.s.TextReply.clear();
-        h.c.s.ReceiveBuffer = t.buffered;
-        port().arrive(h.clock.now + 7, t.arriving);
-        EXPECT_EQ(ReceiveData(h.c), t.result);
-        EXPECT_EQ(h.c.s.TextReply, t.reply);
-        EXPECT_EQ(h.c.s.ReceiveBuffer, t.bufferAfter);
+        h.c.s.ReceiveBuffer = t[0];
+        port().arrive(h.clock.now + 7, t[1].toLatin1());
+        EXPECT_EQ(ReceiveData(h.c), t[2] == "1");
+        EXPECT_EQ(h.c.s.TextReply, t[3]);
+        EXPECT_EQ(h.c.s.ReceiveBuffer, t[4]);
         EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
     }
 }
