@@ -204,19 +204,18 @@ TEST(Ptt, SendsEachRigsSwitch) {
         {"VR5000", "", ""},
     };
     for (const auto& [rig, on, off] : cases) {
+        SCOPED_TRACE(rig);
         Fitted w(rig);
-        w.c.s.PttOnPending = true;
+        State& s = w.c.s;
+        s.PttOnPending = s.PttOffPending = true;
         PttOn(w.c);
-        EXPECT_EQ(w.sent(), on) << rig;
-        EXPECT_TRUE(w.c.s.Transmitting);
-        EXPECT_FALSE(w.c.s.PttOnPending);
+        EXPECT_EQ(w.sent(), on);
+        EXPECT_TRUE(s.Transmitting && !s.PttOnPending);
         w.clear();
-        w.c.s.PttOffPending = true;
         PttOff(w.c);
-        EXPECT_EQ(w.sent(), off) << rig;
-        EXPECT_FALSE(w.c.s.Transmitting);
-        EXPECT_FALSE(w.c.s.PttOffPending);
-        EXPECT_EQ(w.c.s.IgnoreNextTxStatus, IsAckFamily(rig)) << rig;
+        EXPECT_EQ(w.sent(), off);
+        EXPECT_FALSE(s.Transmitting || s.PttOffPending);
+        EXPECT_EQ(s.IgnoreNextTxStatus, IsAckFamily(rig));
     }
 }
 
@@ -245,18 +244,15 @@ struct Keying : Fitted {
 
 TEST(TxRxButton, RaisesTheSwitchForTheNextTickAndShowsIt) {
     Keying k;
+    const CommandButton& button = k.c.f.cmdTxRx;
     cmdTxRx_Click(k.c);
     EXPECT_TRUE(k.c.s.PttOnPending);
-    EXPECT_EQ(k.c.f.cmdTxRx.caption, "TX/rx");
-    EXPECT_EQ(k.c.f.cmdTxRx.backColour, Red);
-    EXPECT_TRUE(k.c.f.cmdTxRx.pressed);
+    EXPECT_TRUE(button.caption == "TX/rx" && button.backColour == Red && button.pressed);
     EXPECT_TRUE(k.hex().isEmpty());
     PttOn(k.c);
     cmdTxRx_Click(k.c);
     EXPECT_TRUE(k.c.s.PttOffPending);
-    EXPECT_EQ(k.c.f.cmdTxRx.caption, "tx/RX");
-    EXPECT_EQ(k.c.f.cmdTxRx.backColour, White);
-    EXPECT_FALSE(k.c.f.cmdTxRx.pressed);
+    EXPECT_TRUE(button.caption == "tx/RX" && button.backColour == White && !button.pressed);
 }
 
 TEST(TxRxButton, IsDeadWithoutTransmitEnableOrDuringAScan) {
