@@ -201,10 +201,17 @@ TEST(OnOff, SwitchingOnEnablesAndSwitchingOffResetsTheConnectionControls) {
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
 }
 
+// Nothing while the rig transmits; then the rig is released and what is saved only at the end
+// is saved.
 TEST(Unload, ReleasesTheRigAndSavesWhatIsSavedOnlyAtTheEnd) {
     Station st(RigFT847);
     st.load();
     st.switchOn();
+    st.c.s.Transmitting = true;
+    Form_Unload(st.c);
+    EXPECT_TRUE(st.rig().state().catOn);
+    EXPECT_FALSE(st.system.ended);
+    st.c.s.Transmitting = false;
     st.c.f.top = 600;
     st.c.f.left = 900;
     st.c.f.pbarGotSignal.value = 7;
@@ -231,16 +238,6 @@ TEST(Unload, InTheMiddleOfAReadingLeavesTheRigReleased) {
     EXPECT_FALSE(st.rig().state().catOn);
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
     EXPECT_EQ(st.stored("CurrentValues", "Status"), "InActive");
-}
-
-TEST(Unload, DoesNothingWhileTransmitting) {
-    Station st(RigFT847);
-    st.load();
-    st.switchOn();
-    st.c.s.Transmitting = true;
-    Form_Unload(st.c);
-    EXPECT_TRUE(st.rig().state().catOn);
-    EXPECT_FALSE(st.system.ended);
 }
 
 TEST(Unload, KeepsANotSetRigOutOfTheStore) {
