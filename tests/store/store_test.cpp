@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -207,6 +208,45 @@ INSTANTIATE_TEST_SUITE_P(Things, NotAFile,
                                                          f.resize(IniStore::kSizeLimit + 1);
                                                      }}),
                          [](const auto& info) { return std::string(info.param.name); });
+
+// A file an editor saved in another form keeps its values and is written back whole; a
+// temporary file a killed write left behind goes at the next start.
+TEST_F(Store, KeepsWhatAFileInAnyEncodingHoldsAndRemovesALeftTemporaryFile) {
+    const QString text =
+        QString::fromUtf8("[Settings]\r\nRigType=FT817\r\nBank1Name=Répéteurs\r\n");
+    const auto utf16 = [&](QStringConverter::Encoding e, bool mark) {
+        QStringEncoder encoder(
+            e, mark ? QStringConverter::Flag::WriteBom : QStringConverter::Flag::Default);
+        return QByteArray(encoder.encode(text));
+    };
+    const std::pair<const char*, QByteArray> forms[] = {
+        {"UTF-16LE with mark", utf16(QStringConverter::Utf16LE, true)},
+        {"UTF-16BE", utf16(QStringConverter::Utf16BE, false)},
+        {"Latin-1", text.toLatin1()},
+        {"UTF-8 with mark", "\xEF\xBB\xBF" + text.toUtf8()}};
+    for (const auto& [name, bytes] : forms) {
+        SCOPED_TRACE(name);
+        QTemporaryDir here;
+        const QString path = here.path() + "/VELDOR.ini", leftover = path + ".aB3xYz";
+        for (const QString& f : {path, leftover}) {
+            QFile out(f);
+            ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+            out.write(f == path ? bytes : "half");
+            out.flush();
+            out.setFileTime(QDateTime::currentDateTimeUtc().addSecs(-3600),
+                            QFileDevice::FileModificationTime);
+        }
+        {
+            IniStore store(here.path());
+            EXPECT_EQ(store.get("VELDOR", "Settings", "RigType", ""), "FT817");
+            store.save("VELDOR", "Settings", "Commport", "2");
+        }
+        EXPECT_FALSE(QFile::exists(leftover));
+        IniStore fresh(here.path());
+        EXPECT_EQ(fresh.get("VELDOR", "Settings", "Bank1Name", ""), QString::fromUtf8("Répéteurs"));
+        EXPECT_EQ(fresh.get("VELDOR", "Settings", "Commport", ""), "2");
+    }
+}
 
 // With a writer the store is changed at once and the file follows: a quick run of saves ends
 // with the last values on the disk, in no more writes than saves.
