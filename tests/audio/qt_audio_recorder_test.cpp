@@ -103,7 +103,6 @@ TEST_F(RealAudio, HeldTimeStaysOutOfTheTakeAndACrashLeavesItsLastSecond) {
     ASSERT_EQ(takes.size(), 1);
     const Wave h(dir.path() + "/takes/" + takes[0]);
     EXPECT_GE(h.dataSize(), 22050u);  // at least a second told
-    EXPECT_LE(h.dataSize(), static_cast<uint32_t>(h.sound().size()));
     audio.stop();
     audio.close();
     EXPECT_TRUE(QDir(dir.path() + "/takes").entryList({"*.wav"}).isEmpty());

@@ -62,7 +62,6 @@ TEST(Recorder, RecordHandsTheCardTheFormatOfTheOptions) {
             std::vector<int>({f.device, f.channels, f.samplesPerSecond, f.averageBytesPerSecond,
                               f.blockAlign, f.bitsPerSample}),
             std::vector<int>({1, 1, t.samples, t.bytesPerSecond, t.blockAlign, t.sampleBits}));
-        EXPECT_EQ(h.audio.mode(), AudioMode::Recording);
     }
 }
 

@@ -61,7 +61,6 @@ TEST(SpectrumSweep, AFirstStartTakesOneKilohertzOverAHundredAndToneOff) {
     EXPECT_EQ(sw.c.s.SpectrumStepSize, 100);
     EXPECT_EQ(sw.c.f.cboSpectrumStart.text, "14.25000");
     EXPECT_EQ(sw.c.s.SpectrumPoints, 100);
-    EXPECT_FALSE(sw.c.f.chkOnOff.enabled);
     // Each point: the frequency and its acknowledgement, the S-meter; no mode, no tone.
     sw.rig().clearTrace();
     sw.point();

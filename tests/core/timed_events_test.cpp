@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 namespace veldor::test {
@@ -134,11 +136,9 @@ TEST(RunTimedEvents, ATaskStartsOnceInItsMinuteAndAgainTheNextDay) {
         "Log rotate 0700,SHELL,logrotate -f \"my conf\"\n"
         "0700 Net,SHELL,never\n");  // a task's time ends its first field
     h.c.s.TimedActive = true;
-    h.at(6, 59);
-    RunTimedEvents(h.c);
-    EXPECT_TRUE(h.launcher.started.empty());
-    for (auto [minute, day] : {std::pair{0, 1}, {0, 1}, {1, 1}, {0, 2}}) {
-        h.at(7, minute, day);
+    for (auto [hour, minute, day] :
+         {std::tuple{6, 59, 1}, {7, 0, 1}, {7, 0, 1}, {7, 1, 1}, {7, 0, 2}}) {
+        h.at(hour, minute, day);
         RunTimedEvents(h.c);
     }
     EXPECT_EQ(h.launcher.started, std::vector<QString>(2, "logrotate -f \"my conf\""));
