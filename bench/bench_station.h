@@ -75,6 +75,22 @@ class BenchServer : public RigServer {
         replies += RigctlRequestsServed(*c, session);
         if (!replies.isEmpty() && answeredMs < 0) answeredMs = sinceWrite.nsecsElapsed() / 1e6;
     }
+    bool writeWaiting() const override { return RigctlWriteWaiting(*c, session); }
+};
+
+// The program's wait, which also adds up the fixed pauses the program asks for (a sleep with
+// nothing to end it early: the S-meter pause, the command delays), for the benchmarks' bounds.
+class PausePump : public EventPump {
+  public:
+    void processEvents() override { pump_.processEvents(); }
+    void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) override {
+        if (!ready && milliseconds > 0) pausedMs += milliseconds;
+        pump_.sleepUntil(milliseconds, watch, ready);
+    }
+    int64_t pausedMs = 0;
+
+  private:
+    QtEventPump pump_;
 };
 
 // A connected core on the built-in simulated rig, on the real clock.
@@ -114,7 +130,7 @@ struct BenchStation {
     QTemporaryDir dir;
     Core c;
     QtClock clock;
-    QtEventPump pump;
+    PausePump pump;
     IniStore store{dir.path()};
     NoDialogs dialogs;
     BenchSystem system;

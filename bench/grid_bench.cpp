@@ -1,5 +1,6 @@
 // The memory grid at 100,000 rows: importing a CSV file, a filter change, saving the grid's
-// file and a CSV file, opening the window, and the memory the process then holds. Run
+// file and a CSV file, opening the window, loading a settings file of as many keys, and the
+// memory the process then holds. Run
 // offscreen; prints one line per figure.
 #include "bench_station.h"
 #include "grid/csv_file.h"
@@ -148,6 +149,22 @@ int main(int argc, char** argv) {
     Figure("open the window", t, 500);
     auto* table = windows.window(FormId::frmCsvMem)->findChild<QTableView*>("grdMemories");
     if (!table || table->model()->rowCount() != rows) return 1;
+
+    // A settings file as long as the grid: its keys are hashed per section, so the load is
+    // linear in the file's size.
+    QByteArray keys = "[Settings]\n";
+    for (int i = 0; i < rows; ++i)
+        keys += "Key" + QByteArray::number(i) + "=" + QByteArray::number(i) + "\n";
+    QTemporaryDir settingsDir;
+    QFile settings(settingsDir.path() + "/VELDOR.ini");
+    if (!settings.open(QIODevice::WriteOnly) || settings.write(keys) != keys.size()) return 1;
+    settings.close();
+    t.restart();
+    IniStore loaded(settingsDir.path());
+    if (loaded.get("VELDOR", "Settings", "KEY" + QString::number(rows - 1), "") !=
+        QString::number(rows - 1))
+        return 1;
+    Figure("load a settings file of as many keys", t, 1000);
 
     const long kb = ResidentKilobytes();
     std::printf("%-40s %9.1f MB  (limit 150 MB) %s\n", "resident memory", kb / 1024.0,

@@ -148,9 +148,14 @@ void PerformStatusUpdate(Core& c) {
     if (s.PollingDelay != 0 && static_cast<int32_t>(s.NextPollTime - c.p.clock->milliseconds()) > 0)
         return;
     ApplySpectrumCursor(c);
+    // A client of rig sharing whose write waits cuts the reading short between two commands
+    // (or in the S-meter pause): the tick ends and the next follows at once to carry it out.
+    const auto clientWaits = [&c] { return c.p.rigServer && c.p.rigServer->writeWaiting(); };
+    const auto cut = [&] { return s.ReadingCutShort = clientWaits(); };
     ReadFrequencyAndMode(c);
+    if (cut()) return;
     ReadStatus(c);
-    ReadSignal(c);
+    if (cut() || !ReadSignal(c, cut) || cut()) return;
     ReadModelExtras(c);
     s.NextPollTime = c.p.clock->milliseconds() + static_cast<uint32_t>(s.PollingDelay);
 }

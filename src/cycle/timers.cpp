@@ -3,6 +3,7 @@
 #include <exception>
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "accessories/dsp_panel.h"
 #include "accessories/meters_panel.h"
@@ -177,7 +178,9 @@ void tmrPollInterval_Timer(Core& c) {
     // The tick never overlaps itself: the timer runs again only at its end.
     c.p.tmrPollInterval->setEnabled(false);
     try {
-        if (PollTick(c)) c.p.tmrPollInterval->setEnabled(true);
+        bool again = PollTick(c);
+        if (std::exchange(c.s.ReadingCutShort, false) && again) again = PollTick(c);
+        if (again) c.p.tmrPollInterval->setEnabled(true);
     } catch (const std::exception& e) {
         // Polling stays stopped until the connection is opened again.
         int number = 5;

@@ -62,10 +62,12 @@ class Clock {
 // The wait of the link. processEvents lets the pending events run; a sleep goes on letting
 // events run as they come (a click, a client of rig sharing), and sleepUntil ends as soon as
 // ready() holds: it is asked after every event, when input comes on the descriptor watch, and
-// each millisecond when watch is -1. In tests the sleep advances a virtual clock and runs the
+// each millisecond when watch is -1 (kWatchEventsOnly: only after events, for a ready() that
+// only an event can change). In tests the sleep advances a virtual clock and runs the
 // events registered for each moment it passes.
 class EventPump {
   public:
+    static constexpr int kWatchEventsOnly = -2;
     virtual ~EventPump() = default;
     virtual void processEvents() = 0;
     void sleep(int milliseconds) { sleepUntil(milliseconds, -1, {}); }
@@ -264,6 +266,9 @@ class RigServer {
     // Told by the tick once it has carried out the requests raised before it, before its
     // reading: the writes of the clients are answered then.
     virtual void requestsServed() = 0;
+    // Whether a client's write waits for the tick to carry it out: the tick then cuts its
+    // reading short and carries it out at once.
+    virtual bool writeWaiting() const { return false; }
 };
 
 }  // namespace veldor

@@ -121,6 +121,7 @@ struct State : TuningState,
     int TalkFreq = 4;
     int32_t PollingDelay = 0;  // ms; 99 means polling off
     uint32_t NextPollTime = 0;
+    bool ReadingCutShort = false;  // for a client's write: the next tick follows at once
     bool FrequencyChangePending = false;
     int ScanSpeed = 5;
     int HangDelay = 4;

@@ -46,6 +46,7 @@ void QtEventPump::sleepUntil(int milliseconds, int watchDescriptor,
     if (milliseconds <= 0) return;
     const QDeadlineTimer deadline(milliseconds, Qt::PreciseTimer);
     const int descriptor = ready ? watchDescriptor : -1;
+    // kWatchEventsOnly is below 0: no descriptor is watched, and no millisecond looked at.
     if (descriptor >= 0) watch(descriptor);
     // Input only tells the wait to look: the notifier is level-triggered, and the port takes
     // what came when ready() asks it.
@@ -55,7 +56,8 @@ void QtEventPump::sleepUntil(int milliseconds, int watchDescriptor,
     while (!(ready && ready())) {
         const qint64 left = (deadline.remainingTimeNSecs() + 999999) / 1000000;
         if (left <= 0) break;
-        const bool look = ready && descriptor < 0;  // nothing to wake on: look each millisecond
+        // Nothing to wake on: look each millisecond.
+        const bool look = ready && descriptor == -1;
         wake.start(static_cast<int>(look ? std::min<qint64>(left, 1) : left));
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

@@ -103,6 +103,12 @@ void RigctldServer::requestsServed() {
     for (auto& client : clients_) send(*client, RigctlRequestsServed(c_, client->session));
 }
 
+bool RigctldServer::writeWaiting() const {
+    return std::any_of(clients_.begin(), clients_.end(), [this](const auto& client) {
+        return RigctlWriteWaiting(c_, client->session);
+    });
+}
+
 void RigctldServer::checkWaiting() {
     for (auto& client : clients_) send(*client, RigctlCheckWaiting(c_, client->session));
 }

@@ -29,6 +29,7 @@ class RigctldServer : public QObject, public RigServer {
     int port() const { return server_.serverPort(); }
 
     void requestsServed() override;
+    bool writeWaiting() const override;
 
   private:
     struct Client {

@@ -212,16 +212,18 @@ void ReadModelStatus(Core& c, std::array<uint8_t, 6>& flags) {
 
 }  // namespace
 
-void ReadSignal(Core& c) {
+bool ReadSignal(Core& c, const std::function<bool()>& cutShort) {
     State& s = c.s;
     s.SignalPresent = false;
-    if (s.ExtraDelayNeeded) {
-        // After a tone change the rig answers slowly.
-        PauseWithEvents(c, c.f.sldExtra.value + c.f.sldSmeterDelay.value);
-        s.ExtraDelayNeeded = false;
+    // After a tone change the rig answers slowly.
+    const int pause = c.f.sldSmeterDelay.value + (s.ExtraDelayNeeded ? c.f.sldExtra.value : 0);
+    if (cutShort) {
+        PauseUntil(c, pause, EventPump::kWatchEventsOnly, cutShort);
+        if (cutShort()) return false;
     } else {
-        PauseWithEvents(c, c.f.sldSmeterDelay.value);
+        PauseWithEvents(c, pause);
     }
+    s.ExtraDelayNeeded = false;
     const QString& rig = s.RigType;
     if (IsAckFamily(rig) || rig == RigFT847)
         ReadBcdRigSignal(c);
@@ -231,6 +233,7 @@ void ReadSignal(Core& c) {
         ReadReceiverSignal(c);
     else if (rig == RigFT1000MP || rig == RigFT920)
         ReadMeterBlockSignal(c);
+    return true;
 }
 
 void ReadStatus(Core& c) {

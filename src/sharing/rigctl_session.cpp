@@ -425,6 +425,10 @@ QByteArray RigctlRequestsServed(Core& c, RigctlSession& session) {
     return out + Drain(c, session);
 }
 
+bool RigctlWriteWaiting(const Core& c, const RigctlSession& session) {
+    return session.waitingFor && c.s.*session.waitingFor;
+}
+
 QByteArray RigctlCheckWaiting(Core& c, RigctlSession& session) {
     const QByteArray out = FailIfStuck(c, session);
     return out + Drain(c, session);

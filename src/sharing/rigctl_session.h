@@ -41,6 +41,8 @@ QByteArray RigctlReceive(Core& c, RigctlSession& session, const QByteArray& byte
 // When the tick has carried out its requests: the write it carried out is answered, and the
 // lines behind it are served.
 QByteArray RigctlRequestsServed(Core& c, RigctlSession& session);
+// Whether the client's write waits for the tick to carry it out.
+bool RigctlWriteWaiting(const Core& c, const RigctlSession& session);
 // Between ticks: a write that can no longer be carried out (the link switched off, no tick
 // for too long) is answered with its error, and the lines behind it are served.
 QByteArray RigctlCheckWaiting(Core& c, RigctlSession& session);

@@ -1,4 +1,5 @@
 // The start-up reading of the store into the program's values.
+#include "cycle/poll_cycle.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "support/fakes.h"
@@ -8,33 +9,21 @@
 namespace veldor::test {
 namespace {
 
-struct PollingCase {
-    const char* stored;
-    int32_t delay;
-    bool fastTicked;
-    bool offTicked;
-};
-
-class PollingDelay : public ::testing::TestWithParam<PollingCase> {};
-
-TEST_P(PollingDelay, SmallValuesAreSecondsAndNinetyNineIsOff) {
-    Harness h;
-    h.setting("PollingDelay", GetParam().stored);
-    InitialiseVariables(h.c);
-    EXPECT_EQ(h.c.s.PollingDelay, GetParam().delay);
-    EXPECT_EQ(h.c.f.mnuPolling.checked, GetParam().fastTicked);
-    EXPECT_EQ(h.c.f.mnuPollingOff.checked, GetParam().offTicked);
-    const uint32_t wait = GetParam().delay == 99 ? 0 : static_cast<uint32_t>(GetParam().delay);
-    EXPECT_EQ(h.c.s.NextPollTime, h.clock.now + wait);
+// Small values are seconds, 99 is off.
+TEST(Initialise, ThePollingDelay) {
+    const std::tuple<const char*, int32_t, bool, bool> cases[] = {
+        {"0", 0, true, false},   {"2", 2000, false, false},  {"10", 10000, false, false},
+        {"99", 99, false, true}, {"200", 200, false, false}, {"garbage", 0, true, false}};
+    for (const auto& [stored, delay, fastTicked, offTicked] : cases) {
+        Harness h;
+        h.setting("PollingDelay", stored);
+        InitialiseVariables(h.c);
+        EXPECT_EQ(h.c.s.PollingDelay, delay) << stored;
+        EXPECT_EQ(h.c.f.mnuPolling.checked, fastTicked) << stored;
+        EXPECT_EQ(h.c.f.mnuPollingOff.checked, offTicked) << stored;
+        EXPECT_EQ(h.c.s.NextPollTime, h.clock.now + (delay == 99 ? 0 : delay)) << stored;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Stored, PollingDelay,
-                         ::testing::Values(PollingCase{"0", 0, true, false},
-                                           PollingCase{"2", 2000, false, false},
-                                           PollingCase{"10", 10000, false, false},
-                                           PollingCase{"99", 99, false, true},
-                                           PollingCase{"200", 200, false, false},
-                                           PollingCase{"garbage", 0, true, false}));
 
 TEST(Initialise, TheLinkAlwaysRunsWithTwoStopBits) {
     Harness h;
@@ -43,54 +32,33 @@ TEST(Initialise, TheLinkAlwaysRunsWithTwoStopBits) {
     EXPECT_EQ(h.c.s.CommSpeed, "9600,N,8,2");
 }
 
-struct RtsCase {
-    const char* raise;
-    const char* link;
-    const char* txrx;
-    const char* raiseAfter;
-    const char* linkAfter;
-    const char* txrxAfter;
-};
-
-class RtsChoices : public ::testing::TestWithParam<RtsCase> {};
-
-TEST_P(RtsChoices, ExcludeOneAnother) {
-    const RtsCase& t = GetParam();
-    Harness h;
-    h.setting("RaiseRTS", t.raise);
-    h.setting("LinkRTS", t.link);
-    h.setting("TXRXcontrolsRTS", t.txrx);
-    InitialiseVariables(h.c);
-    EXPECT_EQ(h.c.s.RaiseRTS, t.raiseAfter);
-    EXPECT_EQ(h.c.s.LinkRTS, t.linkAfter);
-    EXPECT_EQ(h.c.s.TXRXcontrolsRTS, t.txrxAfter);
-    EXPECT_EQ(h.c.f.mnuRaiseRTS.checked, QString(t.raiseAfter) == "Y");
-    EXPECT_EQ(h.c.f.mnuLinkRTS.checked, QString(t.linkAfter) == "Y");
+TEST(Initialise, TheRtsChoicesExcludeOneAnother) {
+    // RaiseRTS, LinkRTS and TXRXcontrolsRTS as stored, and as taken.
+    const std::pair<const char*, const char*> cases[] = {
+        {"YYN", "NYN"}, {"YNY", "NNY"}, {"NYY", "NYN"}, {"YNN", "YNN"}};
+    for (const auto& [stored, taken] : cases) {
+        Harness h;
+        h.setting("RaiseRTS", QString(stored[0]));
+        h.setting("LinkRTS", QString(stored[1]));
+        h.setting("TXRXcontrolsRTS", QString(stored[2]));
+        InitialiseVariables(h.c);
+        EXPECT_EQ(h.c.s.RaiseRTS + h.c.s.LinkRTS + h.c.s.TXRXcontrolsRTS, taken) << stored;
+        EXPECT_EQ(h.c.f.mnuRaiseRTS.checked, taken[0] == 'Y') << stored;
+        EXPECT_EQ(h.c.f.mnuLinkRTS.checked, taken[1] == 'Y') << stored;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stored, RtsChoices,
-                         ::testing::Values(RtsCase{"Y", "Y", "N", "N", "Y", "N"},
-                                           RtsCase{"Y", "N", "Y", "N", "N", "Y"},
-                                           RtsCase{"N", "Y", "Y", "N", "Y", "N"},
-                                           RtsCase{"Y", "N", "N", "Y", "N", "N"}));
-
-TEST(Initialise, ACommaLocaleGetsCommaShiftTextsAndSemicolonFields) {
-    Harness h;
-    h.system.decimalMark = ',';
-    InitialiseVariables(h.c);
-    EXPECT_EQ(h.c.s.DecimalSeparator, ",");
-    EXPECT_EQ(h.c.s.ShiftText060, ",60000");
-    EXPECT_EQ(h.c.s.ShiftText500, "5,00000");
-    EXPECT_EQ(h.c.s.FieldDelimiter, ";");
-    EXPECT_EQ(h.c.s.OtherDecimalSeparator, ".");
-}
-
-TEST(Initialise, APointLocaleGetsPointShiftTexts) {
-    Harness h;
-    InitialiseVariables(h.c);
-    EXPECT_EQ(h.c.s.ShiftText060, ".60000");
-    EXPECT_EQ(h.c.s.ShiftText000, ".00000");
-    EXPECT_EQ(h.c.s.FieldDelimiter, ",");
+TEST(Initialise, TheLocalesMarkGoesIntoTheShiftTextsAndChoosesTheFieldDelimiter) {
+    for (const auto& [mark, other, delimiter] : {std::tuple{',', ".", ";"}, {'.', ",", ","}}) {
+        Harness h;
+        h.system.decimalMark = mark;
+        InitialiseVariables(h.c);
+        EXPECT_EQ(h.c.s.DecimalSeparator, QString(mark));
+        EXPECT_EQ(h.c.s.OtherDecimalSeparator, other);
+        EXPECT_EQ(h.c.s.ShiftText060, QString(mark) + "60000");
+        EXPECT_EQ(h.c.s.ShiftText500, QString("5") + mark + "00000");
+        EXPECT_EQ(h.c.s.FieldDelimiter, delimiter);
+    }
 }
 
 TEST(Initialise, SisterModelsShareTheirDelayKeys) {
@@ -113,37 +81,17 @@ TEST(Initialise, TheVr5000HasItsOwnCommandDelayAndLastFrequency) {
     EXPECT_EQ(h.c.s.VR5000LastFreqMode, "145.575f");
 }
 
-TEST(Initialise, TalkSpeedSetsThePollPeriodAndItsTick) {
+TEST(Initialise, TalkSpeedSetsThePollPeriodAndItsTickAndIsStoredWhenChosen) {
     Harness h;
     h.setting("TalkFreq", "2");
     InitialiseVariables(h.c);
     EXPECT_EQ(h.pollTimer.period, 104);
     EXPECT_TRUE(h.c.f.mnuTalk[1].checked);
-    EXPECT_FALSE(h.c.f.mnuTalk[3].checked);
-}
-
-TEST(Initialise, KeysAreFoundWhateverTheirCase) {
-    Harness h;
-    h.setting("uHFfreq", "43400000");
-    InitialiseVariables(h.c);
-    EXPECT_EQ(h.c.s.UHFfreq, 43400000);
-    EXPECT_EQ(h.c.s.VHFfreq, 14500000);
-}
-
-TEST(Initialise, ASettingsFileOfGarbageLoadsAsDefaults) {
-    Harness h;
-    QFile file(h.dir.path() + "/VELDOR.ini");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    QByteArray garbage;
-    for (int i = 0; i < 100000; ++i) garbage.append(static_cast<char>((i * 131 + 7) % 256));
-    file.write(garbage);
-    file.close();
-    Harness fresh;  // a store that has not read the folder yet
-    fresh.store = std::make_unique<IniStore>(h.dir.path());
-    fresh.c.p.store = fresh.store.get();
-    InitialiseVariables(fresh.c);
-    EXPECT_EQ(fresh.c.s.CommSpeed, "4800,N,8,2");
-    EXPECT_EQ(fresh.c.f.pbarGotSignal.value, 3);
+    mnuTalk_Click(h.c, 5);
+    EXPECT_EQ(h.pollTimer.period, 26);
+    EXPECT_TRUE(h.c.f.mnuTalk[4].checked);
+    EXPECT_FALSE(h.c.f.mnuTalk[1].checked);
+    EXPECT_EQ(h.stored("Settings", "TalkFreq"), "5");
 }
 
 }  // namespace

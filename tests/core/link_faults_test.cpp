@@ -42,9 +42,9 @@ struct Line : ScriptedRig {
     int count(const QString& text) const { return c.frmErrorList.txtErrors.text.count(text); }
 };
 
+// The device goes in the middle of a read and comes back under its name some ticks later.
 class Vanishing : public ::testing::TestWithParam<const char*> {};
 
-// The device goes in the middle of a read and comes back under its name some ticks later.
 TEST_P(Vanishing, TheProgramSaysSoOnceKeepsItsStateAndTakesTheRigAgain) {
     Line line(GetParam());
     line.tick();
@@ -75,26 +75,24 @@ TEST_P(Vanishing, TheProgramSaysSoOnceKeepsItsStateAndTakesTheRigAgain) {
 
 INSTANTIATE_TEST_SUITE_P(BinaryAndText, Vanishing, ::testing::Values("FT817", "FT450"));
 
-class EndlessTextReply : public ::testing::TestWithParam<const char*> {};
-
 // A fragment that never gets its ";" ends the read as a lost reply, and the next reply is read
 // whole. The port closes after five seconds, so that a read without an end still ends.
-TEST_P(EndlessTextReply, EndsAsALostReplyAndTheLinkReadsOnInStep) {
-    ScriptedRig h(RigFT450);
-    h.scriptedPort->arrive(h.clock.now + 10, GetParam());
-    const uint32_t start = h.clock.now;
-    h.pump.at(start + 5000, [&] { h.scriptedPort->close(); });
-    EXPECT_FALSE(ReceiveData(h.c));
-    EXPECT_LT(h.clock.now - start, 1000u);
-    EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "1");
-    EXPECT_TRUE(h.dialogs.messages.empty());
-    h.scriptedPort->arrive(h.clock.now + 10, "IF00114250000+000000200000;");
-    EXPECT_TRUE(ReceiveData(h.c));
-    EXPECT_EQ(h.c.s.TextReply, "IF00114250000+000000200000;");
+TEST(TextLink, AnEndlessReplyEndsAsALostReplyAndTheLinkReadsOnInStep) {
+    for (const char* fragment : {"IF0011425", "x?;", "IF00114250000+000000?;"}) {
+        SCOPED_TRACE(fragment);
+        ScriptedRig h(RigFT450);
+        h.scriptedPort->arrive(h.clock.now + 10, fragment);
+        const uint32_t start = h.clock.now;
+        h.pump.at(start + 5000, [&] { h.scriptedPort->close(); });
+        EXPECT_FALSE(ReceiveData(h.c));
+        EXPECT_LT(h.clock.now - start, 1000u);
+        EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "1");
+        EXPECT_TRUE(h.dialogs.messages.empty());
+        h.scriptedPort->arrive(h.clock.now + 10, "IF00114250000+000000200000;");
+        EXPECT_TRUE(ReceiveData(h.c));
+        EXPECT_EQ(h.c.s.TextReply, "IF00114250000+000000200000;");
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Fragments, EndlessTextReply,
-                         ::testing::Values("IF0011425", "x?;", "IF00114250000+000000?;"));
 
 TEST(TextLink, ARunOfLostRepliesReopensThePortAndTakesTheRigAgain) {
     Line line(RigFT450);
@@ -107,40 +105,30 @@ TEST(TextLink, ARunOfLostRepliesReopensThePortAndTakesTheRigAgain) {
     EXPECT_TRUE(line.scriptedPort->allWritten().endsWith("ID;"));
 }
 
-struct OutOfStep {
-    const char* name;
-    QByteArray before;  // waiting in the input when the read is sent
-    QByteArray reply;
-    friend void PrintTo(const OutOfStep& o, std::ostream* os) { *os << o.name; }
-};
-
-class BinaryOutOfStep : public ::testing::TestWithParam<OutOfStep> {};
-
-// Six stray bytes before the read, or a reply that decodes to 703.600.01 MHz mode 255: the
-// input is emptied, which is told once, and the next reading is right.
-TEST_P(BinaryOutOfStep, TheInputIsEmptiedAndTheNextReadingIsRight) {
-    Line line(RigFT817);
-    line.c.f.txtVfoA.text = "7.036.00";
-    line.scriptedPort->arrive(line.clock.now, GetParam().before);
-    const auto answer = line.scriptedPort->answer;
-    line.scriptedPort->answer = [&](const QByteArray&) { return GetParam().reply; };
-    ReadFrequencyAndMode(line.c);
-    EXPECT_TRUE(line.c.f.txtVfoA.text == "7.036.00" || line.c.f.txtVfoA.text == "14.250.00");
-    EXPECT_EQ(line.scriptedPort->inBufferCount(), 0);
-    line.scriptedPort->answer = answer;
-    for (int i = 0; i < 2; ++i) ReadFrequencyAndMode(line.c);
-    EXPECT_EQ(line.c.f.txtVfoA.text, "14.250.00");
-    EXPECT_EQ(line.c.f.txtMode.text, "USB");
-    EXPECT_EQ(line.count("out of step"), 1);
+// Six stray bytes before the read, a reply that decodes to 703.600.01 MHz mode 255, or one of
+// no mode: the input is emptied, which is told once, and the next reading is right.
+TEST(BinaryLink, OutOfStepTheInputIsEmptiedAndTheNextReadingIsRight) {
+    const std::pair<QByteArray, QByteArray> cases[] = {
+        {Bytes({0x70, 0x36, 0, 1, 0xFF, 0x33}), Bytes({1, 0x42, 0x50, 0, 1})},
+        {{}, Bytes({0x70, 0x36, 0, 1, 0xFF})},
+        {{}, Bytes({1, 0x42, 0x50, 0, 5})}};
+    for (const auto& [before, reply] : cases) {
+        SCOPED_TRACE(reply.toHex().toStdString());
+        Line line(RigFT817);
+        line.c.f.txtVfoA.text = "7.036.00";
+        line.scriptedPort->arrive(line.clock.now, before);
+        const auto answer = line.scriptedPort->answer;
+        line.scriptedPort->answer = [r = reply](const QByteArray&) { return r; };
+        ReadFrequencyAndMode(line.c);
+        EXPECT_TRUE(line.c.f.txtVfoA.text == "7.036.00" || line.c.f.txtVfoA.text == "14.250.00");
+        EXPECT_EQ(line.scriptedPort->inBufferCount(), 0);
+        line.scriptedPort->answer = answer;
+        for (int i = 0; i < 2; ++i) ReadFrequencyAndMode(line.c);
+        EXPECT_EQ(line.c.f.txtVfoA.text, "14.250.00");
+        EXPECT_EQ(line.c.f.txtMode.text, "USB");
+        EXPECT_EQ(line.count("out of step"), 1);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Faults, BinaryOutOfStep,
-    ::testing::Values(OutOfStep{"StrayBytes", Bytes({0x70, 0x36, 0, 1, 0xFF, 0x33}),
-                                Bytes({1, 0x42, 0x50, 0, 1})},
-                      OutOfStep{"ImpossibleReply", {}, Bytes({0x70, 0x36, 0, 1, 0xFF})},
-                      OutOfStep{"ModeByteOfNoMode", {}, Bytes({1, 0x42, 0x50, 0, 5})}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST(BinaryLink, ASendGivesUpOnAnOutputThatNeverDrains) {
     ScriptedRig h(RigFT817);

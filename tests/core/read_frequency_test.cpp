@@ -22,40 +22,26 @@ struct OnAir : Station {
     }
 };
 
-struct RigCase {
-    const QString* rig;
-    int64_t hz;
-    const char* mode;
-    const char* shown;
-    const char* modeShown;
-};
-
-class ReadsTheRig : public ::testing::TestWithParam<RigCase> {};
-
-TEST_P(ReadsTheRig, ShowsItsFrequencyAndMode) {
-    const RigCase& t = GetParam();
-    OnAir h(*t.rig, t.hz, t.mode);
-    EXPECT_EQ(h.c.f.txtVfoA.text, t.shown);
-    EXPECT_EQ(h.c.f.txtMode.text, t.modeShown);
-    EXPECT_EQ(h.c.s.CurrentFrequency, t.hz / 10);
-    EXPECT_EQ(h.c.s.TuningFrequency, t.hz / 10);
-    // And again after the rig moves.
-    h.rig().state().frequencyHz = 7074000;
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "7.074.00");
+TEST(ReadFrequency, ShowsEachRigsFrequencyAndMode) {
+    const std::tuple<QString, int64_t, const char*, const char*> cases[] = {
+        {RigFT817, 14250000, "USB", "14.250.00"},   {RigFT817ND, 145500000, "FM", "145.500.00"},
+        {RigFT847, 432100000, "CWR", "432.100.00"}, {RigFT857D, 3573000, "DIG", "3.573.00"},
+        {RigFT897, 50125000, "FMN", "50.125.00"},   {RigFT450, 21074000, "RTYU", "21.074.00"},
+        {RigFRG100, 9630000, "AM", "9.630.00"},     {RigFT1000MP, 18100000, "PKTF", "18.100.00"},
+        {RigFT920, 28500000, "USB", "28.500.00"}};
+    for (const auto& [rig, hz, mode, shown] : cases) {
+        SCOPED_TRACE(rig.toStdString());
+        OnAir h(rig, hz, mode);
+        EXPECT_EQ(h.c.f.txtVfoA.text, shown);
+        EXPECT_EQ(h.c.f.txtMode.text, mode);
+        EXPECT_EQ(h.c.s.CurrentFrequency, hz / 10);
+        EXPECT_EQ(h.c.s.TuningFrequency, hz / 10);
+        // And again after the rig moves.
+        h.rig().state().frequencyHz = 7074000;
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.f.txtVfoA.text, "7.074.00");
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    EveryReadableRig, ReadsTheRig,
-    ::testing::Values(RigCase{&RigFT817, 14250000, "USB", "14.250.00", "USB"},
-                      RigCase{&RigFT817ND, 145500000, "FM", "145.500.00", "FM"},
-                      RigCase{&RigFT847, 432100000, "CWR", "432.100.00", "CWR"},
-                      RigCase{&RigFT857D, 3573000, "DIG", "3.573.00", "DIG"},
-                      RigCase{&RigFT897, 50125000, "FMN", "50.125.00", "FMN"},
-                      RigCase{&RigFT450, 21074000, "RTYU", "21.074.00", "RTYU"},
-                      RigCase{&RigFRG100, 9630000, "AM", "9.630.00", "AM"},
-                      RigCase{&RigFT1000MP, 18100000, "PKTF", "18.100.00", "PKTF"},
-                      RigCase{&RigFT920, 28500000, "USB", "28.500.00", "USB"}));
 
 TEST(ReadFrequency, TheVr5000IsNeverRead) {
     OnAir h(RigVR5000, 145575000, "FM");
@@ -94,76 +80,40 @@ TEST(BadFrequency, TheThirdInARowEndsTheProgramWithNothingSaved) {
         "We have received 3 consecutive bad frequencies. There is probably\r\n"));
 }
 
+// The simulator's corrupt digit is caught, and a good reading in between starts the count
+// again.
 TEST(BadFrequency, AGoodOneInBetweenStartsTheCountAgain) {
-    ScriptedRig h(RigFT817);
-    QList<QByteArray> answers = {"01425a0001", "01425a0001", "0142500001", "01425a0001",
-                                 "01425a0001"};
-    h.scriptedPort->answer = [&answers](const QByteArray&) {
-        return QByteArray::fromHex(answers.takeFirst());
-    };
-    for (int i = 0; i < 5; ++i) ReadFrequencyAndMode(h.c);
-    EXPECT_FALSE(h.system.aborted);
-    EXPECT_EQ(h.c.s.BadFrequencyCount, 2);
-}
-
-TEST(BadFrequency, TheSimulatorsCorruptDigitIsCaught) {
     OnAir h(RigFT817, 14250000, "USB");
-    h.rig().faults().corruptDigitReplies = 1;
     h.rig().state().frequencyHz = 7074000;
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
-    EXPECT_EQ(h.c.s.BadFrequencyCount, 1);
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "7.074.00");
-    EXPECT_EQ(h.c.s.BadFrequencyCount, 0);
+    bool good = false;
+    for (const int count : {1, 2, 0, 1, 2}) {
+        good = good || count == 0;
+        h.rig().faults().corruptDigitReplies = count == 0 ? 0 : 1;
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.s.BadFrequencyCount, count);
+        EXPECT_EQ(h.c.f.txtVfoA.text, good ? "7.074.00" : "14.250.00");
+    }
+    EXPECT_FALSE(h.system.aborted);
 }
 
-struct ModeByteCase {
-    const char* reply;
-    const char* mode;
-};
-
-class Ft817ModeByte : public ::testing::TestWithParam<ModeByteCase> {};
-
-TEST_P(Ft817ModeByte, NamesTheMode) {
-    ScriptedRig h(RigFT817);
-    h.replies(QByteArray::fromHex(GetParam().reply));
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtMode.text, GetParam().mode);
-}
-
-INSTANTIATE_TEST_SUITE_P(Bytes, Ft817ModeByte,
-                         ::testing::Values(ModeByteCase{"0000000006", "FM"},
-                                           ModeByteCase{"000000008a", "DIG"},
-                                           ModeByteCase{"0000000083", "CWRN"}));
-
-TEST(ReadFrequency, ZeroIsAGoodFrequency) {
-    ScriptedRig h(RigFT847);
-    h.replies(QByteArray::fromHex("0000000001"));
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.s.CurrentFrequency, 0);
-    EXPECT_EQ(h.c.f.txtVfoA.text, ".000.00");
-    EXPECT_TRUE(h.dialogs.messages.empty());
-}
-
-TEST(ReadFrequency, AShortReplyChangesNothing) {
-    ScriptedRig h(RigFT817);
-    h.c.f.txtVfoA.text = "1.000.00";
-    h.replies(QByteArray::fromHex("014250"));
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
-    EXPECT_TRUE(h.c.s.ReplyTimedOut);
-}
-
-TEST(Ft1000Mp, AByteOneAbove2EIsRejectedSilently) {
-    ScriptedRig h(RigFT1000MP);
-    QByteArray block(16, '\0');
-    block[1] = 0x2F;
-    h.replies(block);
-    h.c.f.txtVfoA.text = "1.000.00";
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
-    EXPECT_TRUE(h.dialogs.messages.empty());
+// Replies written by hand: the FT-817's mode byte; zero is a good frequency; a short reply and
+// an FT-1000MP record whose byte 1 is above 2E change nothing, and say nothing.
+TEST(ReadFrequency, ShowsWhatTheReplySays) {
+    const std::tuple<QString, const char*, const char*> cases[] = {
+        {RigFT817, "0000000006", ".000.00 FM"},
+        {RigFT817, "000000008a", ".000.00 DIG"},
+        {RigFT817, "0000000083", ".000.00 CWRN"},
+        {RigFT847, "0000000001", ".000.00 USB"},
+        {RigFT817, "014250", "1.000.00 "},
+        {RigFT1000MP, "002f0000000000000000000000000000", "1.000.00 "}};
+    for (const auto& [rig, reply, shown] : cases) {
+        ScriptedRig h(rig);
+        h.c.f.txtVfoA.text = "1.000.00";
+        h.replies(QByteArray::fromHex(reply));
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.f.txtVfoA.text + " " + h.c.f.txtMode.text, shown) << reply;
+        EXPECT_TRUE(h.dialogs.messages.empty()) << reply;
+    }
 }
 
 TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
@@ -207,38 +157,27 @@ TEST(Ft920, WithTheMetersOpenASecondReadHoldsVfoB) {
     EXPECT_EQ(h.c.s.CurrentFrequency, 705000);  // until the next reading
 }
 
-struct Ft450Case {
-    const char* reply;
-    int32_t frequency;
-    const char* mode;
-    const char* shift;
-    const char* toneEncode;
-    const char* toneDecode;
-};
-
-class Ft450If : public ::testing::TestWithParam<Ft450Case> {};
-
-TEST_P(Ft450If, ReadsPositions) {
-    const Ft450Case& t = GetParam();
-    ScriptedRig h(RigFT450);
-    h.replies(t.reply);
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.s.CurrentFrequency, t.frequency);
-    EXPECT_EQ(h.c.f.txtMode.text, t.mode);
-    EXPECT_EQ(h.c.s.TargetShift, t.shift);
-    EXPECT_EQ(h.c.s.ToneEncode, t.toneEncode);
-    EXPECT_EQ(h.c.s.ToneDecode, t.toneDecode);
+TEST(Ft450, ReadsTheIfReplysPositions) {
+    // Frequency, mode, shift, tone encoder and decoder.
+    const std::tuple<const char*, int32_t, const char*, const char*, const char*, const char*>
+        cases[] = {// 14.250005 and 14.250015 MHz round to the even tens of hertz.
+                   {"IF00114250005+000000200000;", 1425000, "USB", "0", "0", "0"},
+                   {"IF00114250015+000000200000;", 1425002, "USB", "0", "0", "0"},
+                   {"IF00129620000+000000402121;", 2962000, "FM", "+", "1", "0"},
+                   {"IF00129620000+000000401082;", 2962000, "FM", "-", "0", "1"},
+                   {"IF00107074000+000000Z00000;", 707400, "???", "0", "0", "0"}};
+    for (const auto& [reply, frequency, mode, shift, encode, decode] : cases) {
+        SCOPED_TRACE(reply);
+        ScriptedRig h(RigFT450);
+        h.replies(reply);
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.s.CurrentFrequency, frequency);
+        EXPECT_EQ(h.c.f.txtMode.text, mode);
+        EXPECT_EQ(h.c.s.TargetShift, shift);
+        EXPECT_EQ(h.c.s.ToneEncode, encode);
+        EXPECT_EQ(h.c.s.ToneDecode, decode);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Replies, Ft450If,
-    ::testing::Values(
-        // 14.250005 and 14.250015 MHz round to the even tens of hertz.
-        Ft450Case{"IF00114250005+000000200000;", 1425000, "USB", "0", "0", "0"},
-        Ft450Case{"IF00114250015+000000200000;", 1425002, "USB", "0", "0", "0"},
-        Ft450Case{"IF00129620000+000000402121;", 2962000, "FM", "+", "1", "0"},
-        Ft450Case{"IF00129620000+000000401082;", 2962000, "FM", "-", "0", "1"},
-        Ft450Case{"IF00107074000+000000Z00000;", 707400, "???", "0", "0", "0"}));
 
 TEST(Ft450, AReplyOfTheWrongKindAsksForResynchronisation) {
     ScriptedRig h(RigFT450);
@@ -270,65 +209,52 @@ TEST(Ft450, APendingChangeKeepsItsToneState) {
     EXPECT_EQ(h.c.f.cmdShiftPlus.backColour, PaleGreen);
 }
 
-struct FormatCase {
-    int32_t frequency;
-    char mark;
-    const char* full;
-    const char* shortForm;
-};
-
-class FrequencyText : public ::testing::TestWithParam<FormatCase> {};
-
-TEST_P(FrequencyText, HasBothForms) {
-    Harness h;
-    h.c.s.DecimalSeparator = QString(GetParam().mark);
-    basic::SetDecimalMark(GetParam().mark);
-    EXPECT_EQ(FormatFrequency(h.c, GetParam().frequency), GetParam().full);
-    EXPECT_EQ(FormatFrequencyShort(h.c, GetParam().frequency), GetParam().shortForm);
-    EXPECT_EQ(h.c.s.LastDisplayedFrequency, GetParam().frequency);
-    basic::SetDecimalMark('.');
+TEST(FrequencyText, HasBothFormsWithTheSystemsDecimalMark) {
+    const std::tuple<int32_t, char, const char*, const char*> cases[] = {
+        {1425000, '.', "14.250.00", "14.25000"},
+        {1425000, ',', "14,250,00", "14,25000"},
+        {13600, '.', ".136.00", ".13600"},
+        {259999998, '.', "2599.999.98", "2599.99998"},
+        {100500000, '.', "1005.000.00", "1005.00000"}};
+    for (const auto& [frequency, mark, full, shortForm] : cases) {
+        Harness h;
+        h.c.s.DecimalSeparator = QString(mark);
+        basic::SetDecimalMark(mark);
+        EXPECT_EQ(FormatFrequency(h.c, frequency), full);
+        EXPECT_EQ(FormatFrequencyShort(h.c, frequency), shortForm);
+        EXPECT_EQ(h.c.s.LastDisplayedFrequency, frequency);
+        basic::SetDecimalMark('.');
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Values, FrequencyText,
-                         ::testing::Values(FormatCase{1425000, '.', "14.250.00", "14.25000"},
-                                           FormatCase{1425000, ',', "14,250,00", "14,25000"},
-                                           FormatCase{13600, '.', ".136.00", ".13600"},
-                                           FormatCase{259999998, '.', "2599.999.98", "2599.99998"},
-                                           FormatCase{100500000, '.', "1005.000.00",
-                                                      "1005.00000"}));
 
 // The rate of full readings, counted by the frequency reads the rig received.
 int Readings(Harness& h) {
     return static_cast<int>(h.rigReceived().count(QByteArray::fromHex("0000000003")));
 }
 
-TEST(Polling, NoPollingReadsNothingUntilUpdateNow) {
-    OnAir h(RigFT817, 14250000, "USB");
+// With polling off nothing is read until "Update now", which reads once; the tone lights are
+// refreshed at each tick all the same.
+TEST(Polling, NoPollingReadsNothingUntilUpdateNowButRefreshesTheToneLights) {
+    OnAir h(RigFT817, 145500000, "FM");
     SetPollingDelay(h.c, 99);
     EXPECT_EQ(h.stored("Settings", "PollingDelay"), "99");
     EXPECT_TRUE(h.c.f.mnuPollingOff.checked);
     h.rig().clearTrace();
-    PerformStatusUpdate(h.c);
-    EXPECT_TRUE(h.rigReceived().isEmpty());
-    mnuPollingUpdateNow_Click(h.c);
-    PerformStatusUpdate(h.c);
-    EXPECT_EQ(Readings(h), 1);
-    PerformStatusUpdate(h.c);
-    EXPECT_EQ(Readings(h), 1);  // one reading only
-}
-
-TEST(Polling, NoPollingStillRefreshesTheToneLightsAtEachTick) {
-    OnAir h(RigFT817, 145500000, "FM");
-    SetPollingDelay(h.c, 99);
     h.c.s.ToneCode = "8";
     h.c.s.ToneDecode = "1";
     PerformStatusUpdate(h.c);
+    EXPECT_TRUE(h.rigReceived().isEmpty());
     EXPECT_EQ(h.c.f.lblDec.backColour, Green);
     EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "88.5");
     h.c.f.txtMode.text = "USB";
     PerformStatusUpdate(h.c);
     EXPECT_EQ(h.c.f.lblDec.backColour, White);
     EXPECT_EQ(h.c.f.lblCTCSSFreq.caption, "Freq");
+    mnuPollingUpdateNow_Click(h.c);
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(Readings(h), 1);
+    PerformStatusUpdate(h.c);
+    EXPECT_EQ(Readings(h), 1);  // one reading only
 }
 
 TEST(Polling, AReadingFallsDueAfterTheEndOfTheLastOne) {
@@ -345,16 +271,6 @@ TEST(Polling, AReadingFallsDueAfterTheEndOfTheLastOne) {
     h.clock.now = ended + 5000;
     PerformStatusUpdate(h.c);
     EXPECT_EQ(Readings(h), 2);
-}
-
-TEST(Polling, TalkSpeedSetsThePeriodAndIsStored) {
-    Harness h;
-    mnuTalk_Click(h.c, 5);
-    EXPECT_EQ(h.pollTimer.period, 26);
-    EXPECT_TRUE(h.c.f.mnuTalk[4].checked);
-    EXPECT_EQ(h.stored("Settings", "TalkFreq"), "5");
-    mnuTalk_Click(h.c, 1);
-    EXPECT_EQ(h.pollTimer.period, 130);
 }
 
 }  // namespace

@@ -11,30 +11,21 @@
 namespace veldor::test {
 namespace {
 
-struct BarCase {
-    const QString* rig;
-    const char* reply;
-    int bar;
-};
-
-class SMeterScale : public ::testing::TestWithParam<BarCase> {};
-
-TEST_P(SMeterScale, ScalesTheRigsReading) {
-    ScriptedRig h(*GetParam().rig);
-    h.replies(QByteArray::fromHex(GetParam().reply));
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.pbarSmeter.value, GetParam().bar);
+TEST(SMeter, ScalesEachRigsReadingToTheBar) {
+    const std::tuple<QString, const char*, int> cases[] = {
+        {RigFT817, "0f", 30},          {RigFT817, "1f", 30},
+        {RigFT897D, "85", 10},         {RigFT847, "1f", 31},
+        {RigVR5000, "13", 0},          {RigVR5000, "12", 0},
+        {RigVR5000, "3f", 31},         {RigFRG100, "000000ff00", 31},
+        {RigFRG100, "0000002e00", 20}, {RigFT1000MP, "ff00000000", 31},
+        {RigFT920, "4000000000", 8}};
+    for (const auto& [rig, reply, bar] : cases) {
+        ScriptedRig h(rig);
+        h.replies(QByteArray::fromHex(reply));
+        ReadSignal(h.c);
+        EXPECT_EQ(h.c.f.pbarSmeter.value, bar) << rig.toStdString() << " " << reply;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rigs, SMeterScale,
-    ::testing::Values(BarCase{&RigFT817, "0f", 30}, BarCase{&RigFT817, "1f", 30},
-                      BarCase{&RigFT897D, "85", 10}, BarCase{&RigFT847, "1f", 31},
-                      BarCase{&RigVR5000, "13", 0}, BarCase{&RigVR5000, "12", 0},
-                      BarCase{&RigVR5000, "3f", 31}, BarCase{&RigFRG100, "000000ff00", 31},
-                      BarCase{&RigFRG100, "0000002e00", 20},
-                      BarCase{&RigFT1000MP, "ff00000000", 31},
-                      BarCase{&RigFT920, "4000000000", 8}));
 
 TEST(SMeter, AnFt450ReadingOf255IsLimitedTo31) {
     ScriptedRig h(RigFT450);
@@ -62,53 +53,50 @@ TEST(SMeter, ThePauseComesFirstAndGrowsOnceAfterEitherToneCommand) {
     }
 }
 
-TEST(SignalDecision, AThresholdOfZeroCountsEverythingAsASignal) {
-    ScriptedRig h(RigFT817);
-    h.c.f.pbarGotSignal.value = 0;
-    h.replies(QByteArray::fromHex("80"));
-    ReadSignal(h.c);
-    EXPECT_TRUE(h.c.s.SignalPresent);
-    EXPECT_EQ(h.c.f.lblRX.backColour, Green);
-    EXPECT_EQ(h.c.f.lblSQL.backColour, White);
-}
-
-TEST(SignalDecision, InFmTheRigsSquelchDecides) {
-    ScriptedRig h(RigFT857);
-    h.c.f.txtMode.text = "FMN";
-    h.replies(QByteArray::fromHex("8f"));  // strong, but the squelch is closed
-    ReadSignal(h.c);
-    EXPECT_FALSE(h.c.s.SignalPresent);
-    EXPECT_EQ(h.c.f.lblSQL.backColour, Green);
-    h.c.s.UseSquelch = false;
-    ReadSignal(h.c);
-    EXPECT_TRUE(h.c.s.SignalPresent);
-}
-
-TEST(SignalDecision, AToneNotMatchedLeavesRxGreenButNoSignal) {
-    ScriptedRig h(RigFT817);
-    h.c.f.txtMode.text = "FM";
-    h.c.s.ToneDecode = "1";
-    h.replies(QByteArray::fromHex("4a"));  // squelch open, tone not matched, S5
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.lblRX.backColour, Green);
-    EXPECT_FALSE(h.c.s.SignalPresent);
-    EXPECT_EQ(h.c.f.lblDCS.backColour, White);
-    EXPECT_EQ(h.c.f.lblDISC.backColour, Green);
-}
-
-TEST(SignalDecision, TheDiscriminatorShowsOnlyInFmWhileReceiving) {
-    ScriptedRig h(RigFT817);
-    h.c.f.txtMode.text = "FM";
-    h.replies(QByteArray::fromHex("25"));
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.lblDISC.backColour, Red);
-    h.c.f.lblTX.backColour = Red;
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.lblDISC.backColour, White);
-    h.c.f.lblTX.backColour = White;
-    h.c.f.txtMode.text = "USB";
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.lblDISC.backColour, White);
+// The lights after a reading: whether there is a signal, then RX, SQL, DISC and DCS, each
+// G(reen), W(hite) or R(ed); a dot in the expected text is any.
+TEST(SignalDecision, TheLightsFollowTheReading) {
+    struct Case {
+        const char* rig;
+        const char* mode;
+        int threshold;
+        const char* toneDecode;
+        bool useSquelch, transmitting;
+        const char* reply;
+        const char* lights;
+    };
+    const Case cases[] = {// A threshold of zero counts everything as a signal.
+                          {"FT817", "USB", 0, "0", true, false, "80", "1 GW.."},
+                          // In FM the rig's squelch decides: strong, but the squelch is closed.
+                          {"FT857", "FMN", 3, "0", true, false, "8f", "0 .G.."},
+                          {"FT857", "FMN", 3, "0", false, false, "8f", "1 ...."},
+                          // Squelch open, tone not matched, S5: RX green but no signal.
+                          {"FT817", "FM", 3, "1", true, false, "4a", "0 G.GW"},
+                          // The discriminator shows only in FM while receiving.
+                          {"FT817", "FM", 3, "0", true, false, "25", ". ..R."},
+                          {"FT817", "FM", 3, "0", true, true, "25", ". ..W."},
+                          {"FT817", "USB", 3, "0", true, false, "25", ". ..W."}};
+    auto name = [](Colour colour) { return colour == Green ? 'G' : colour == Red ? 'R' : 'W'; };
+    for (const Case& t : cases) {
+        ScriptedRig h(t.rig);
+        h.c.f.txtMode.text = t.mode;
+        h.c.f.pbarGotSignal.value = t.threshold;
+        h.c.s.ToneDecode = t.toneDecode;
+        h.c.s.UseSquelch = t.useSquelch;
+        h.c.f.lblTX.backColour = t.transmitting ? Red : White;
+        h.replies(QByteArray::fromHex(t.reply));
+        ReadSignal(h.c);
+        const Form1& f = h.c.f;
+        QString lights = QString("%1 %2%3%4%5")
+                             .arg(h.c.s.SignalPresent)
+                             .arg(name(f.lblRX.backColour))
+                             .arg(name(f.lblSQL.backColour))
+                             .arg(name(f.lblDISC.backColour))
+                             .arg(name(f.lblDCS.backColour));
+        for (int i = 0; i < lights.size(); ++i)
+            if (t.lights[i] == '.') lights[i] = '.';
+        EXPECT_EQ(lights, t.lights) << t.rig << " " << t.mode << " " << t.reply;
+    }
 }
 
 TEST(SignalDecision, TheFt1000MpDecidesOnThePreviousReading) {
@@ -123,25 +111,20 @@ TEST(SignalDecision, TheFt1000MpDecidesOnThePreviousReading) {
     EXPECT_EQ(h.c.f.lblRX.backColour, Green);
 }
 
+// No answer, or a short one from a receiver: the bar stays, and there is no signal.
 TEST(SignalDecision, AFailedReadingLeavesTheBarAndNoSignal) {
-    ScriptedRig h(RigFT817);
-    h.c.f.pbarSmeter.value = 20;
-    h.c.s.SignalPresent = true;
-    ReadSignal(h.c);  // no answer
-    EXPECT_EQ(h.c.f.pbarSmeter.value, 20);
-    EXPECT_FALSE(h.c.s.SignalPresent);
-}
-
-TEST(SignalDecision, AShortReplyFromAReceiverEndsTheReading) {
-    ScriptedRig h(RigFRG100);
-    h.c.f.pbarSmeter.value = 12;
-    h.c.f.lblRX.backColour = White;
-    h.replies(QByteArray::fromHex("0000"));
-    ReadSignal(h.c);
-    EXPECT_TRUE(h.c.s.ReplyTimedOut);
-    EXPECT_EQ(h.c.f.pbarSmeter.value, 12);
-    EXPECT_FALSE(h.c.s.SignalPresent);
-    EXPECT_EQ(h.c.f.lblRX.backColour, White);
+    for (const auto& [rig, reply] : {std::pair{RigFT817, ""}, {RigFRG100, "0000"}}) {
+        ScriptedRig h(rig);
+        h.c.f.pbarSmeter.value = 12;
+        h.c.f.lblRX.backColour = White;
+        h.c.s.SignalPresent = true;
+        h.replies(QByteArray::fromHex(reply));
+        ReadSignal(h.c);
+        EXPECT_TRUE(h.c.s.ReplyTimedOut);
+        EXPECT_EQ(h.c.f.pbarSmeter.value, 12);
+        EXPECT_FALSE(h.c.s.SignalPresent);
+        EXPECT_EQ(h.c.f.lblRX.backColour, White);
+    }
 }
 
 TEST(SignalBar, AClickSetsTheThreshold) {
@@ -155,29 +138,22 @@ TEST(SignalBar, AClickSetsTheThreshold) {
 }
 
 // Transmit and VFO status.
-TEST(TxStatus, ReceiveTurnsTheLightWhiteAndTransmitRed) {
-    ScriptedRig h(RigFT817);
-    h.c.f.lblTX.backColour = Red;
-    h.replies(QByteArray::fromHex("ff"));
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.lblTX.backColour, White);
-    h.replies(QByteArray::fromHex("08"));
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.lblTX.backColour, Red);
-    h.replies(QByteArray::fromHex("88"));
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.lblTX.backColour, White);
-}
-
-TEST(TxStatus, AfterPttOffOneTransmitReadingCountsAsReceive) {
+// Receive turns the light white and transmit red; after PTT off, one transmit reading counts
+// as receive.
+TEST(TxStatus, TheLightFollowsTheRig) {
     ScriptedRig h(RigFT857);
-    h.c.s.IgnoreNextTxStatus = true;
-    h.replies(QByteArray::fromHex("08"));
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.lblTX.backColour, White);
-    EXPECT_FALSE(h.c.s.IgnoreNextTxStatus);
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.lblTX.backColour, Red);
+    h.c.f.lblTX.backColour = Red;
+    for (const auto& [reply, ignoreOne, colour] : {std::tuple{"ff", false, White},
+                                                   {"08", false, Red},
+                                                   {"88", false, White},
+                                                   {"08", true, White},
+                                                   {"08", false, Red}}) {
+        h.c.s.IgnoreNextTxStatus = ignoreOne;
+        h.replies(QByteArray::fromHex(reply));
+        ReadStatus(h.c);
+        EXPECT_EQ(h.c.f.lblTX.backColour, colour) << reply << ignoreOne;
+        EXPECT_FALSE(h.c.s.IgnoreNextTxStatus);
+    }
 }
 
 TEST(TxStatus, SplitFollowsTheRigWhileTransmittingButNeverOnTheFt847) {
@@ -226,27 +202,20 @@ TEST(TxStatus, TheFt920LightsItsIndicators) {
     EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO");
 }
 
-TEST(Ft897Status, TheLastBitTestedNamesTheState) {
+TEST(Ft897Status, ReadsTheThreeAddresses) {
     ScriptedRig h(RigFT897);
-    QList<QByteArray> answers = {"0600", "0000", "0000"};
+    QList<QByteArray> answers = {"0600", "0000", "0000", "8100", "e000", "1302"};
     h.scriptedPort->answer = [&answers](const QByteArray&) {
         return QByteArray::fromHex(answers.takeFirst());
     };
     ReadFT897Status(h.c);
-    EXPECT_EQ(h.c.f.lblRigMode.caption, "MTQMB");
-}
-
-TEST(Ft897Status, ReadsTheThreeAddresses) {
-    ScriptedRig h(RigFT897);
-    QList<QByteArray> answers = {"8100", "e000", "1302"};
-    h.scriptedPort->answer = [&answers](const QByteArray&) {
-        return QByteArray::fromHex(answers.takeFirst());
-    };
+    EXPECT_EQ(h.c.f.lblRigMode.caption, "MTQMB");  // the last bit tested names the state
+    h.scriptedPort->written.clear();
     ReadFT897Status(h.c);
     EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO B");
     EXPECT_FALSE(h.c.s.VfoAActive);
-    QByteArray sent = h.scriptedPort->allWritten();
-    EXPECT_EQ(sent.toHex(' '), "00 68 00 00 bb 00 6a 00 00 bb 00 a8 00 00 bb");
+    EXPECT_EQ(h.scriptedPort->allWritten().toHex(' '),
+              "00 68 00 00 bb 00 6a 00 00 bb 00 a8 00 00 bb");
     EXPECT_EQ(h.c.s.FT897Flags[2], 0xE0);
     EXPECT_EQ(h.c.s.FT897Flags[5], 0x02);
 }
@@ -262,49 +231,41 @@ TEST(Ft817Agc, SelectsTheRigsAgcWithoutSendingIt) {
 }
 
 // A full reading on the FT-897 colours its feature buttons; the two rigs' masks differ.
-struct FeatureCase {
-    const QString* rig;
-    const char* a8;  // the two bytes at 0x00A8
-    bool dnf, dnr, dbf, processor;
-};
-
-class FeatureButtons : public ::testing::TestWithParam<FeatureCase> {};
-
-TEST_P(FeatureButtons, FollowTheRigsMemory) {
-    const FeatureCase& t = GetParam();
-    ScriptedRig h(*t.rig);
-    h.c.s.PollingDelay = 0;
-    const QByteArray a8 = QByteArray::fromHex(t.a8);
-    h.scriptedPort->answer = [a8](const QByteArray& sent) -> QByteArray {
-        const auto op = static_cast<uint8_t>(sent.at(4));
-        if (op == 0x03) return QByteArray::fromHex("0142500001");
-        if (op == 0xF7) return QByteArray::fromHex("ff");
-        if (op == 0xE7) return QByteArray::fromHex("80");
-        if (op == 0xBB && static_cast<uint8_t>(sent.at(1)) == 0xA8) return a8;
-        if (op == 0xBB && static_cast<uint8_t>(sent.at(1)) == 0x6A)
-            return QByteArray::fromHex("e000");
-        return QByteArray::fromHex("8000");
-    };
-    PerformStatusUpdate(h.c);
-    const bool ft897 = t.rig == &RigFT897;
-    const Form1& f = h.c.f;
-    EXPECT_EQ((ft897 ? f.cmdFT897DNF : f.cmdFT857DNF).backColour == Green, t.dnf);
-    EXPECT_EQ((ft897 ? f.cmdFT897DNR : f.cmdFT857DNR).backColour == Green, t.dnr);
-    EXPECT_EQ((ft897 ? f.cmdFT897DBF : f.cmdFT857DBF).backColour == Green, t.dbf);
-    EXPECT_EQ((ft897 ? f.cmdFT897Processor : f.cmdFT857Processor).bold, t.processor);
-    EXPECT_TRUE((ft897 ? f.cmdFT897Fast : f.cmdFT857Fast).bold);
-    EXPECT_TRUE((ft897 ? f.cmdFT897Lock : f.cmdFT857Lock).bold);
-    EXPECT_TRUE((ft897 ? f.cmdFT897NoiseBlanker : f.cmdFT857NoiseBlanker).bold);
-    EXPECT_EQ(f.txtVfoA.text, "14.250.00");
+TEST(FeatureButtons, FollowTheRigsMemory) {
+    // The two bytes at 0x00A8, and whether DNF, DNR, DBF and the processor are lit.
+    const std::tuple<QString, const char*, bool, bool, bool, bool> cases[] = {
+        {RigFT897, "1102", true, false, false, true},
+        {RigFT897, "0100", false, false, false, false},
+        {RigFT857, "0100", true, false, false, false},
+        {RigFT857, "0e02", false, true, true, true},
+        {RigFT897, "1e00", false, true, true, false}};
+    for (const auto& [rig, bytes, dnf, dnr, dbf, processor] : cases) {
+        SCOPED_TRACE(rig.toStdString() + " " + bytes);
+        ScriptedRig h(rig);
+        h.c.s.PollingDelay = 0;
+        const QByteArray a8 = QByteArray::fromHex(bytes);
+        h.scriptedPort->answer = [a8](const QByteArray& sent) -> QByteArray {
+            const auto op = static_cast<uint8_t>(sent.at(4));
+            const auto address = static_cast<uint8_t>(sent.at(1));
+            if (op == 0x03) return QByteArray::fromHex("0142500001");
+            if (op == 0xF7) return QByteArray::fromHex("ff");
+            if (op == 0xE7) return QByteArray::fromHex("80");
+            if (op == 0xBB && address == 0xA8) return a8;
+            return QByteArray::fromHex(op == 0xBB && address == 0x6A ? "e000" : "8000");
+        };
+        PerformStatusUpdate(h.c);
+        const bool ft897 = rig == RigFT897;
+        const Form1& f = h.c.f;
+        EXPECT_EQ((ft897 ? f.cmdFT897DNF : f.cmdFT857DNF).backColour == Green, dnf);
+        EXPECT_EQ((ft897 ? f.cmdFT897DNR : f.cmdFT857DNR).backColour == Green, dnr);
+        EXPECT_EQ((ft897 ? f.cmdFT897DBF : f.cmdFT857DBF).backColour == Green, dbf);
+        EXPECT_EQ((ft897 ? f.cmdFT897Processor : f.cmdFT857Processor).bold, processor);
+        EXPECT_TRUE((ft897 ? f.cmdFT897Fast : f.cmdFT857Fast).bold);
+        EXPECT_TRUE((ft897 ? f.cmdFT897Lock : f.cmdFT857Lock).bold);
+        EXPECT_TRUE((ft897 ? f.cmdFT897NoiseBlanker : f.cmdFT857NoiseBlanker).bold);
+        EXPECT_EQ(f.txtVfoA.text, "14.250.00");
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Masks, FeatureButtons,
-    ::testing::Values(FeatureCase{&RigFT897, "1102", true, false, false, true},
-                      FeatureCase{&RigFT897, "0100", false, false, false, false},
-                      FeatureCase{&RigFT857, "0100", true, false, false, false},
-                      FeatureCase{&RigFT857, "0e02", false, true, true, true},
-                      FeatureCase{&RigFT897, "1e00", false, true, true, false}));
 
 TEST(Ft450Extras, EachLightFollowsItsReplyAndAWrongOneIsSkipped) {
     ScriptedRig h(RigFT450);

@@ -49,17 +49,7 @@ struct Sharing : Station {
     FakeRigServer server;
 };
 
-TEST(RigSharingSettings, AreOffOnLoopbackAndPort4532UntilStored) {
-    Sharing st;
-    st.load();
-    EXPECT_EQ(st.c.s.RigctldEnabled, "N");
-    EXPECT_EQ(st.c.s.RigctldAddress, "127.0.0.1");
-    EXPECT_EQ(st.c.s.RigctldPort, 4532);
-    EXPECT_TRUE(StartRigSharing(st.c));
-    EXPECT_FALSE(st.server.on);
-    EXPECT_EQ(st.server.stops, 1);
-}
-
+// The stored keys take effect at start; an address that cannot be had is logged.
 TEST(RigSharingSettings, StoredKeysTakeEffectAtStart) {
     Sharing st;
     st.setting("RigctldEnabled", "Y");
@@ -70,20 +60,20 @@ TEST(RigSharingSettings, StoredKeysTakeEffectAtStart) {
     EXPECT_TRUE(st.server.on);
     EXPECT_EQ(st.server.address, "192.168.1.20");
     EXPECT_EQ(st.server.port, 4600);
-}
-
-TEST(RigSharingSettings, AnAddressThatCannotBeHadIsLogged) {
-    Sharing st;
-    st.setting("RigctldEnabled", "Y");
-    st.setting("RigctldAddress", "10.9.9.9");
-    st.load();
     st.server.refused = "10.9.9.9";
+    st.c.s.RigctldAddress = "10.9.9.9";
     EXPECT_FALSE(StartRigSharing(st.c));
     EXPECT_TRUE(st.c.frmErrorList.txtErrors.text.contains(
-        "Rig sharing could not listen on 10.9.9.9:4532: The address is not available"));
+        "Rig sharing could not listen on 10.9.9.9:4600: The address is not available"));
 }
 
+// Off on loopback and port 4532 until stored.
 TEST(RigSharingDialog, ShowsTheSettingsInForceAndTheServersState) {
+    Sharing off;
+    off.load();
+    EXPECT_TRUE(StartRigSharing(off.c));
+    EXPECT_FALSE(off.server.on);
+    EXPECT_EQ(off.server.stops, 1);
     Sharing st;
     st.setting("RigctldEnabled", "Y");
     st.load();
@@ -158,10 +148,15 @@ TEST(RigSharingDialog, OpeningTheRigToTheNetworkIsAskedFirst) {
 }
 
 TEST(RigSharingDialog, LoopbackAddressesAskNothing) {
-    for (const char* a : {"127.0.0.1", "127.1.2.3", "::1", "localhost", "LocalHost"})
-        EXPECT_TRUE(IsLoopbackAddress(a)) << a;
-    for (const char* a : {"0.0.0.0", "192.168.1.2", "::", "10.127.0.1"})
-        EXPECT_FALSE(IsLoopbackAddress(a)) << a;
+    for (const auto& [a, loopback] : {std::pair{"127.0.0.1", true},
+                                      {"127.1.2.3", true},
+                                      {"::1", true},
+                                      {"LocalHost", true},
+                                      {"0.0.0.0", false},
+                                      {"192.168.1.2", false},
+                                      {"::", false},
+                                      {"10.127.0.1", false}})
+        EXPECT_EQ(IsLoopbackAddress(a), loopback) << a;
 }
 
 }  // namespace

@@ -9,31 +9,19 @@
 namespace veldor::test {
 namespace {
 
-struct NameCase {
-    const char* commandLine;
-    const char* appName;
-    const char* captionTail;
-};
-
-class ApplicationName : public ::testing::TestWithParam<NameCase> {};
-
-TEST_P(ApplicationName, ComesFromTheCommandLine) {
-    Station st(RigNotSet);
-    st.load(GetParam().commandLine);
-    EXPECT_EQ(st.c.s.AppName, GetParam().appName);
-    EXPECT_EQ(st.c.f.caption,
-              st.c.s.ProgramVersion + " " + GetParam().appName + " " + GetParam().captionTail);
-    EXPECT_TRUE(st.c.s.ProgramVersion.startsWith("V"));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Configurations, ApplicationName,
-    ::testing::Values(NameCase{"", "VELDOR", ""},
-                      NameCase{"/config=shack", "VELDOR_SHACK", "  SHACK"},
-                      NameCase{"  /CONFIG=Radio2  ", "VELDOR_RADIO2", "  RADIO2"},
-                      NameCase{"/CONFIG=", "VELDOR_", "  "}, NameCase{"/SHACK", "VELDOR", ""}));
-
-TEST(Configurations, KeepSeparateStores) {
+TEST(Configurations, TakeTheirNameFromTheCommandLineAndKeepSeparateStores) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"", "VELDOR", ""},
+        {"/config=shack", "VELDOR_SHACK", "  SHACK"},
+        {"  /CONFIG=Radio2  ", "VELDOR_RADIO2", "  RADIO2"},
+        {"/CONFIG=", "VELDOR_", "  "},
+        {"/SHACK", "VELDOR", ""}};
+    for (const auto& [commandLine, appName, captionTail] : cases) {
+        Station st(RigNotSet);
+        st.load(commandLine);
+        EXPECT_EQ(st.c.s.AppName, appName);
+        EXPECT_EQ(st.c.f.caption, st.c.s.ProgramVersion + " " + appName + " " + captionTail);
+    }
     Station st(RigFT817);
     st.store->save("VELDOR_RADIO2", "Settings", "RigType", "FT847");
     st.load("/config=radio2");
@@ -60,125 +48,79 @@ TEST(FirstRun, StartsWithDefaultsAndAsksForAFolder) {
 TEST(FirstRun, ARemovedHomeFolderIsAskedForAgainAndCancelKeepsTheStoredText) {
     Harness h;
     h.setting("HomeDir", "/gone/away");
+    h.setting("AutoStart", "Yes");  // with no rig: no dialog, no link
     Form_Load(h.c, "");
     EXPECT_EQ(h.dialogs.folderPrompts.size(), 1u);
     EXPECT_EQ(h.c.s.HomeDir, "");
     EXPECT_EQ(h.stored("Settings", "HomeDir"), "/gone/away");
+    EXPECT_EQ(h.windows.timesShown(FormId::frmSettings), 0);
+    EXPECT_EQ(h.c.f.chkOnOff.value, 0);
 }
 
-TEST(FirstRun, AutoStartWithNoRigOpensNoDialog) {
-    Station st(RigNotSet);
-    st.setting("AutoStart", "Yes");
-    st.load();
-    EXPECT_EQ(st.windows.timesShown(FormId::frmSettings), 0);
-    EXPECT_EQ(st.c.f.chkOnOff.value, 0);
+TEST(WindowPlacement, StaysOnTheScreen) {
+    const std::tuple<const char*, const char*, int, int> cases[] = {
+        {"300", "450", 300, 450},
+        {"-15", "450", 0, 0},
+        {"300", "40000", 0, 0},  // a larger screen
+        {"20000", "10", 0, 0}};
+    for (const auto& [top, left, expectTop, expectLeft] : cases) {
+        Station st(RigNotSet);
+        st.setting("MainTop", top);
+        st.setting("MainLeft", left);
+        st.load();
+        EXPECT_EQ(st.c.f.top, expectTop) << top;
+        EXPECT_EQ(st.c.f.left, expectLeft) << left;
+    }
 }
 
-struct PlaceCase {
-    const char* top;
-    const char* left;
-    int expectTop;
-    int expectLeft;
-};
-
-class WindowPlacement : public ::testing::TestWithParam<PlaceCase> {};
-
-TEST_P(WindowPlacement, StaysOnTheScreen) {
-    Station st(RigNotSet);
-    st.setting("MainTop", GetParam().top);
-    st.setting("MainLeft", GetParam().left);
-    st.load();
-    EXPECT_EQ(st.c.f.top, GetParam().expectTop);
-    EXPECT_EQ(st.c.f.left, GetParam().expectLeft);
+// What each rig is sent when a connection opens (then the first reading of frequency and
+// mode: 03, or the block 10) and closes.
+TEST(TakeAndRelease, SendEachRigsOpeningAndClosingBytes) {
+    const std::tuple<QString, const char*, const char*, const char*> cases[] = {
+        {RigFT847, "N", "0000000000 0000000003", "0000000080"},
+        {RigVR5000, "N", "0000000000", "0000000080"},
+        {RigFRG100, "N", "0000000005 000000020e 0000000210", ""},
+        {RigFRG100, "Y", "0000000005 000000020e 0000000120 0000000210", "0000000020"},
+        {RigFT817, "Y", "0000000003", ""},
+        {RigFT817ND, "N", "0000000003", ""},
+        {RigFT857, "N", "0000000003", ""},
+        {RigFT857D, "N", "0000000003", ""},
+        {RigFT897, "N", "0000000003", ""},
+        {RigFT897D, "N", "0000000003", ""},
+        {RigFT920, "N", "0000000210", ""},
+        {RigFT1000MP, "Y", "0000000210", ""}};
+    for (const auto& [rig, autoPowerOff, on, off] : cases) {
+        SCOPED_TRACE(rig.toStdString() + " " + autoPowerOff);
+        Station st(rig);
+        st.setting("AutoPowerOff", autoPowerOff);
+        st.load();
+        st.switchOn();
+        EXPECT_EQ(st.rigReceived().toHex(), QByteArray(on).replace(" ", ""));
+        EXPECT_EQ(st.c.f.chkOnOff.backColour, Red);
+        EXPECT_TRUE(st.pollTimer.on);
+        EXPECT_EQ(st.stored("CurrentValues", "Status"), "Active");
+        st.rig().clearTrace();
+        st.switchOff();
+        EXPECT_EQ(st.rigReceived().toHex(), off);
+        EXPECT_FALSE(st.pollTimer.on);
+        EXPECT_EQ(st.stored("CurrentValues", "Status"), "InActive");
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Positions, WindowPlacement,
-                         ::testing::Values(PlaceCase{"300", "450", 300, 450},
-                                           PlaceCase{"-15", "450", 0, 0},
-                                           PlaceCase{"300", "40000", 0, 0},  // a larger screen
-                                           PlaceCase{"20000", "10", 0, 0}));
-
-// What each rig is sent when a connection opens and closes.
-struct TakeCase {
-    const QString* rig;
-    const char* autoPowerOff;
-    QByteArray onBytes;  // the opening, then the first reading of frequency and mode
-    QByteArray offBytes;
-};
-
-class TakeAndRelease : public ::testing::TestWithParam<TakeCase> {};
-
-TEST_P(TakeAndRelease, SendsTheRigsOpeningAndClosingBytes) {
-    const TakeCase& t = GetParam();
-    Station st(*t.rig);
-    st.setting("AutoPowerOff", t.autoPowerOff);
-    st.load();
-    st.switchOn();
-    EXPECT_EQ(st.rigReceived().toHex(' '), t.onBytes.toHex(' '));
-    EXPECT_EQ(st.c.f.chkOnOff.backColour, Red);
-    EXPECT_TRUE(st.pollTimer.on);
-    EXPECT_EQ(st.stored("CurrentValues", "Status"), "Active");
-    st.rig().clearTrace();
-    st.switchOff();
-    EXPECT_EQ(st.rigReceived().toHex(' '), t.offBytes.toHex(' '));
-    EXPECT_FALSE(st.pollTimer.on);
-    EXPECT_EQ(st.stored("CurrentValues", "Status"), "InActive");
+TEST(TakeControl, BothFt450ModelsAreAcceptedAndVfoAIsSelected) {
+    for (const char* id : {"0241", "0244"}) {
+        Station st(RigFT450);
+        st.load();
+        st.rig().state().ft450Id = id;
+        st.rig().state().vfoB = true;
+        st.switchOn();
+        EXPECT_EQ(st.rigReceived(), "AI0;ID;VS0;IF;");
+        EXPECT_FALSE(st.rig().state().vfoB);
+        EXPECT_EQ(st.c.s.VfoLetter, "A");
+        EXPECT_EQ(st.c.f.lblRigMode.caption, "VFO A");
+        EXPECT_TRUE(st.pollTimer.on);
+    }
 }
-
-const QByteArray kNothing;
-// The first reading after the opening: frequency and mode.
-QByteArray ReadBcd() {
-    return Bytes({0, 0, 0, 0, 0x03});
-}
-QByteArray ReadBlock() {
-    return Bytes({0, 0, 0, 2, 0x10});
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    EveryRig, TakeAndRelease,
-    ::testing::Values(
-        TakeCase{&RigFT847, "N", Bytes({0, 0, 0, 0, 0x00}) + ReadBcd(), Bytes({0, 0, 0, 0, 0x80})},
-        TakeCase{&RigVR5000, "N", Bytes({0, 0, 0, 0, 0x00}), Bytes({0, 0, 0, 0, 0x80})},
-        TakeCase{&RigFRG100, "N", Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E}) + ReadBlock(),
-                 kNothing},
-        TakeCase{&RigFRG100, "Y",
-                 Bytes({0, 0, 0, 0, 0x05, 0, 0, 0, 2, 0x0E, 0, 0, 0, 1, 0x20}) + ReadBlock(),
-                 Bytes({0, 0, 0, 0, 0x20})},
-        TakeCase{&RigFT817, "Y", ReadBcd(), kNothing},
-        TakeCase{&RigFT817ND, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT857, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT857D, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT897, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT897D, "N", ReadBcd(), kNothing},
-        TakeCase{&RigFT920, "N", ReadBlock(), kNothing},
-        TakeCase{&RigFT1000MP, "Y", ReadBlock(), kNothing}));
-
-TEST(TakeControl, TheFt847IsInCatModeOnlyWhileConnected) {
-    Station st(RigFT847);
-    st.load();
-    st.switchOn();
-    EXPECT_TRUE(st.rig().state().catOn);
-    st.switchOff();
-    EXPECT_FALSE(st.rig().state().catOn);
-}
-
-class Ft450Identity : public ::testing::TestWithParam<const char*> {};
-
-TEST_P(Ft450Identity, IsAcceptedAndVfoAIsSelected) {
-    Station st(RigFT450);
-    st.load();
-    st.rig().state().ft450Id = GetParam();
-    st.rig().state().vfoB = true;
-    st.switchOn();
-    EXPECT_EQ(st.rigReceived(), "AI0;ID;VS0;IF;");
-    EXPECT_FALSE(st.rig().state().vfoB);
-    EXPECT_EQ(st.c.s.VfoLetter, "A");
-    EXPECT_EQ(st.c.f.lblRigMode.caption, "VFO A");
-    EXPECT_TRUE(st.pollTimer.on);
-    EXPECT_EQ(st.stored("CurrentValues", "Status"), "Active");
-}
-
-INSTANTIATE_TEST_SUITE_P(BothModels, Ft450Identity, ::testing::Values("0241", "0244"));
 
 TEST(TakeControl, AnUnknownFt450IsReportedAndNotPolled) {
     Station st(RigFT450);
@@ -241,26 +183,13 @@ TEST(OnOff, WithNoRigTheSettingsOpenInstead) {
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
 }
 
-TEST(OnOff, APortThatCannotBeHadPutsTheControlBack) {
-    Station st(RigFT847, true);
-    st.scriptedPort->failReason = "Device or resource busy";
-    st.load();
-    st.switchOn();
-    EXPECT_EQ(st.c.f.chkOnOff.value, 0);
-    ASSERT_EQ(st.dialogs.messages.size(), 1u);
-    EXPECT_TRUE(st.dialogs.messages[0].text.startsWith("COM Port SIM is not available."));
-    EXPECT_FALSE(st.pollTimer.on);
-}
-
 TEST(OnOff, SwitchingOnEnablesAndSwitchingOffResetsTheConnectionControls) {
     Station st(RigFT897);
     st.load();
     EXPECT_FALSE(st.c.f.cmdFT897Lock.enabled);
     st.switchOn();
     EXPECT_TRUE(st.c.f.cmdFT897Lock.enabled);
-    EXPECT_TRUE(st.c.f.chkSplit.enabled);
     EXPECT_TRUE(st.c.f.cmdStartStopScan.enabled);
-    EXPECT_TRUE(st.c.f.chkTransmitEnable.enabled);
     st.c.f.lblTimeoutCount = {{}, "12", Red};
     st.c.f.pbarSmeter.value = 9;
     st.switchOff();
@@ -269,14 +198,20 @@ TEST(OnOff, SwitchingOnEnablesAndSwitchingOffResetsTheConnectionControls) {
     EXPECT_EQ(st.c.f.lblTimeoutCount.caption, "0");
     EXPECT_EQ(st.c.f.lblTimeoutCount.backColour, ButtonFace);
     EXPECT_EQ(st.c.f.pbarSmeter.value, 0);
-    EXPECT_EQ(st.c.f.chkOnOff.backColour, White);
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
 }
 
+// Nothing while the rig transmits; then the rig is released and what is saved only at the end
+// is saved.
 TEST(Unload, ReleasesTheRigAndSavesWhatIsSavedOnlyAtTheEnd) {
     Station st(RigFT847);
     st.load();
     st.switchOn();
+    st.c.s.Transmitting = true;
+    Form_Unload(st.c);
+    EXPECT_TRUE(st.rig().state().catOn);
+    EXPECT_FALSE(st.system.ended);
+    st.c.s.Transmitting = false;
     st.c.f.top = 600;
     st.c.f.left = 900;
     st.c.f.pbarGotSignal.value = 7;
@@ -303,16 +238,6 @@ TEST(Unload, InTheMiddleOfAReadingLeavesTheRigReleased) {
     EXPECT_FALSE(st.rig().state().catOn);
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
     EXPECT_EQ(st.stored("CurrentValues", "Status"), "InActive");
-}
-
-TEST(Unload, DoesNothingWhileTransmitting) {
-    Station st(RigFT847);
-    st.load();
-    st.switchOn();
-    st.c.s.Transmitting = true;
-    Form_Unload(st.c);
-    EXPECT_TRUE(st.rig().state().catOn);
-    EXPECT_FALSE(st.system.ended);
 }
 
 TEST(Unload, KeepsANotSetRigOutOfTheStore) {

@@ -36,10 +36,7 @@ TEST(TenMinuteCounter, CountsDownAndFlashesInTheLastMinute) {
     tmrClock_Timer(h.c);
     EXPECT_EQ(h.c.f.cmdTenMinCounter.caption, "10 Mins");
     EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, ButtonFace);
-}
-
-TEST(TenMinuteCounter, ASecondClickStopsItAtTheNextSecond) {
-    Harness h;
+    // A second click stops it at the next second.
     cmdTenMinCounter_Click(h.c);
     tmrClock_Timer(h.c);
     cmdTenMinCounter_Click(h.c);
@@ -56,18 +53,6 @@ TEST(DelaySliders, SaveUnderTheKeysOfTheRigFamily) {
     sldExtra_Change(h.c);
     EXPECT_EQ(h.stored("Settings", "FT897CMDdelay"), "60");
     EXPECT_EQ(h.stored("Settings", "FT897ExtraDelay"), "10");
-}
-
-TEST(DelaySliders, ShowAndHideTogether) {
-    Harness h;
-    h.c.f.chkSliders.value = 1;
-    chkSliders_Click(h.c);
-    EXPECT_TRUE(h.c.f.sldSmeterDelay.visible);
-    EXPECT_TRUE(h.c.f.lblExtra.visible);
-    h.c.f.chkSliders.value = 0;
-    chkSliders_Click(h.c);
-    EXPECT_FALSE(h.c.f.sldCMDdelay.visible);
-    EXPECT_FALSE(h.c.f.lblAGCdelay.visible);
 }
 
 struct Connected : Station {
@@ -96,25 +81,19 @@ TEST(PollTick, ALostReplyReopensThePortAndTakesTheRigAgain) {
     EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
 }
 
-TEST(PollTick, TheRedOfATimeoutLastsOneTick) {
+// The red of a timeout lasts one tick; a tick leaves at once while a wait is in progress, and
+// stops for good when the connection is off.
+TEST(PollTick, ClearsTheRedOfATimeoutUnlessAWaitIsInProgress) {
     Connected h;
     h.c.f.lblTimeoutCount = {{}, "3", Red};
-    tmrPollInterval_Timer(h.c);
-    EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, ButtonFace);
-    EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "3");
-}
-
-TEST(PollTick, LeavesAtOnceWhileAWaitIsInProgress) {
-    Connected h;
     h.c.s.ReceiveBusy = true;
-    h.c.f.lblTimeoutCount.backColour = Red;
     tmrPollInterval_Timer(h.c);
     EXPECT_TRUE(h.pollTimer.on);
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
-}
-
-TEST(PollTick, StopsForGoodWhenTheConnectionIsOff) {
-    Connected h;
+    h.c.s.ReceiveBusy = false;
+    tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, ButtonFace);
+    EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "3");
     h.c.f.chkOnOff.value = 0;
     tmrPollInterval_Timer(h.c);
     EXPECT_FALSE(h.pollTimer.on);
@@ -122,13 +101,9 @@ TEST(PollTick, StopsForGoodWhenTheConnectionIsOff) {
 
 TEST(PollTick, RecordsTheRigForOtherPrograms) {
     Connected h;
-    h.rig().state().frequencyHz = 14250000;
-    h.rig().state().mode = "USB";
     h.clock.utc = QDateTime(QDate(2026, 3, 4), QTime(5, 6, 7), Qt::LocalTime).toUTC();
     h.clock.now = 0;
     tmrPollInterval_Timer(h.c);
-    EXPECT_EQ(h.stored("CurrentValues", "Frequency"), "14.250.00");
-    EXPECT_EQ(h.stored("CurrentValues", "Mode"), "USB");
     EXPECT_EQ(h.stored("CurrentValues", "RigType"), "FT847");
     EXPECT_EQ(h.stored("CurrentValues", "GotSignal"), h.c.s.SignalPresent ? "True" : "False");
     EXPECT_EQ(h.stored("CurrentValues", "Date"), "2026/03/04");
@@ -167,11 +142,8 @@ TEST(Messages, TheFirstLineOpensTheWindowAndAClosedWindowStartsAfresh) {
     frmErrorList_Unload(h.c);
     ReportMessage(h.c, "three");
     EXPECT_EQ(h.c.frmErrorList.txtErrors.text, "three\r\n");
-}
-
-TEST(Messages, ALogPastTheLimitIsDroppedWhole) {
-    Harness h;
-    ReportMessage(h.c, QString(63999, 'x'));  // 64001 characters with its line end
+    // A log past its limit is dropped whole.
+    ReportMessage(h.c, QString(63992, 'x'));  // 64001 characters with the line ends
     ReportMessage(h.c, "next");
     EXPECT_EQ(h.c.frmErrorList.txtErrors.text, "next\r\n");
 }
