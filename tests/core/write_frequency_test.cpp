@@ -169,15 +169,6 @@ TEST(SetFrequencyAndMode, SendsTonesInTheirOrderAroundTheFrequency) {
     EXPECT_TRUE(w.c.s.ExtraDelayNeeded);
 }
 
-TEST(SetFrequency, LeavesTheModeAlone) {
-    Wire w(RigFT817, Bytes({0}));
-    w.c.s.LastModeSent = "LSB";
-    int32_t f = 705000;
-    SetFrequency(w.c, f);
-    EXPECT_EQ(w.hex(), "00 70 50 00 01");
-    EXPECT_EQ(w.c.s.LastModeSent, "LSB");
-}
-
 struct ButtonCase {
     const char* rig;
     int index;
