@@ -78,13 +78,14 @@ class BenchServer : public RigServer {
     bool writeWaiting() const override { return RigctlWriteWaiting(*c, session); }
 };
 
-// The program's wait, which also adds up the fixed pauses the program asks for (a sleep with
-// nothing to end it early: the S-meter pause, the command delays), for the benchmarks' bounds.
+// The program's wait, which also adds up the fixed pauses the program asks for (a sleep that
+// only an event may end early: the S-meter pause, the command delays), for the benchmarks'
+// bounds.
 class PausePump : public EventPump {
   public:
     void processEvents() override { pump_.processEvents(); }
     void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) override {
-        if (!ready && milliseconds > 0) pausedMs += milliseconds;
+        if ((!ready || watch == kWatchEventsOnly) && milliseconds > 0) pausedMs += milliseconds;
         pump_.sleepUntil(milliseconds, watch, ready);
     }
     int64_t pausedMs = 0;

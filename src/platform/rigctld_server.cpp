@@ -30,7 +30,6 @@ bool RigctldServer::listen(const QString& address, int port, QString* reason) {
         *reason = server_.errorString();
         return false;
     }
-    watch_.start();
     return true;
 }
 
@@ -50,6 +49,7 @@ void RigctldServer::accept() {
         client->name = socket->peerAddress().toString() + ":" + QString::number(socket->peerPort());
         Client* raw = client.get();
         clients_.push_back(std::move(client));
+        watch_.start();
         // In pieces: a client that sends thousands of reads at once is answered piece by
         // piece, and once it is let go for leaving its replies unread, the rest costs nothing.
         connect(socket, &QTcpSocket::readyRead, this, [this, raw] {
@@ -93,6 +93,8 @@ void RigctldServer::leave(Client* client) {
     if (it == clients_.end()) return;
     std::unique_ptr<Client> gone = std::move(*it);
     clients_.erase(it);
+    // The watch is for clients' waiting writes: with no client the program sleeps.
+    if (clients_.empty()) watch_.stop();
     gone->socket->disconnect(this);
     gone->socket->abort();
     gone->socket->deleteLater();

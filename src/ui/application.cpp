@@ -24,7 +24,7 @@ Application::Application()
       pttPort_(clock_, [this] { return c_.s.RigType; }),
       pollTimer_([this] {
           tmrPollInterval_Timer(c_);
-          views_.renderSoon();
+          views_.renderSoon(pollTimer_.enabled());
       }),
       clockTimer_([this] {
           tmrClock_Timer(c_);

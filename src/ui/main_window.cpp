@@ -18,9 +18,38 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <array>
 #include <memory>
 
 namespace veldor {
+
+namespace {
+
+// The scroll area of the panel. A label whose text changes asks its layout again, and the
+// area, told of it, sets its scroll bars afresh, which repaints them even when nothing changed:
+// with every reading on a small screen. The bars follow only the panel's size limits, so a
+// request that leaves those as they were needs nothing of the area.
+class PanelScrollArea : public QScrollArea {
+  public:
+    using QScrollArea::QScrollArea;
+
+  protected:
+    bool event(QEvent* e) override {
+        if (e->type() == QEvent::LayoutRequest && widget()) {
+            const QWidget* w = widget();
+            const std::array<QSize, 4> limits{w->minimumSizeHint(), w->sizeHint(), w->minimumSize(),
+                                              w->maximumSize()};
+            if (limits == limits_) return true;
+            limits_ = limits;
+        }
+        return QScrollArea::event(e);
+    }
+
+  private:
+    std::array<QSize, 4> limits_;
+};
+
+}  // namespace
 
 namespace {
 constexpr int kTwipsPerPixel = 15;
@@ -65,7 +94,7 @@ MainWindow::MainWindow(Core& core, Views& views)
     page->addWidget(BuildModelFrames(kit_, central));
     page->addStretch();
     // On a screen smaller than the window, the window takes the screen and its content scrolls.
-    auto* scroll = new QScrollArea(this);
+    auto* scroll = new PanelScrollArea(this);
     scroll->setObjectName("scrollForm1");
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);

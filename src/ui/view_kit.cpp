@@ -184,12 +184,14 @@ Views::Views() : deferred_(std::make_unique<QTimer>()) {
 
 Views::~Views() = default;
 
-void Views::renderSoon() {
+void Views::renderSoon(bool tickFollows) {
     if (!sinceRender_.isValid() || sinceRender_.elapsed() >= kRenderPeriodMs) {
         render(true);
         return;
     }
-    if (!deferred_->isActive())
+    if (tickFollows)
+        deferred_->stop();
+    else if (!deferred_->isActive())
         deferred_->start(kRenderPeriodMs - static_cast<int>(sinceRender_.elapsed()));
 }
 

@@ -57,8 +57,9 @@ class Views {
     void renderAll();
     // Shows what changed, now if the last showing is older than kRenderPeriodMs, or else once
     // that period is over: the tick and the link's pauses come far more often than an eye
-    // follows.
-    void renderSoon();
+    // follows. With tickFollows the next tick, due within its period, shows it instead, so that
+    // an idle program wakes for its tick alone.
+    void renderSoon(bool tickFollows = false);
     static constexpr int kRenderPeriodMs = 50;
 
   private:

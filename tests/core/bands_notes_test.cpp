@@ -1,6 +1,5 @@
-// Band buttons, GoTo and knob on the wire of three kinds of rig, the refusals of every tuning
-// request, the band table in both locales, and the ring of notes.
-#include "basic/basic.h"
+// Band buttons, GoTo and knob on the wire of three kinds of rig, and the refusals of every
+// tuning request.
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "memories/notes.h"
@@ -40,17 +39,18 @@ TEST(TuningOnTheWire, BandGoToAndKnobOnEachKindOfRig) {
             return QString(r.rig == RigFT450 ? bytes : bytes.toHex(' '));
         };
         cmdBand_Click(st.c, r.band);
-        EXPECT_EQ(sent(), r.bandSent) << r.rig.toStdString();
+        SCOPED_TRACE(r.rig.toStdString());
+        EXPECT_EQ(sent(), r.bandSent);
         st.c.s.TargetShift = "-";
         st.c.f.txtGoToFreq.text = "7.074l";
         cmdGoToFreq_Click(st.c);
-        EXPECT_EQ(sent(), r.goToSent) << r.rig.toStdString();
+        EXPECT_EQ(sent(), r.goToSent);
         EXPECT_EQ(st.c.s.TargetShift, "0");  // a typed frequency is simplex
         st.c.s.TargetShift = "-";
         st.c.f.grdTuning.row = 1;
         grdTuning_RowColChange(st.c);
         KnobWheel(st.c, 3);
-        EXPECT_EQ(sent(), r.knobSent) << r.rig.toStdString();
+        EXPECT_EQ(sent(), r.knobSent);
         EXPECT_EQ(st.c.s.TargetShift, "-");  // a knob step keeps the channel
     }
 }
@@ -87,53 +87,6 @@ TEST(TuningRequests, NothingHappensWhileTheLinkIsOffOrTheRigIsBusy) {
                 << r.name << " " << cond;
         }
     }
-}
-
-TEST(BandTable, FrequenciesTakeTheSystemsDecimalMark) {
-    Harness h;
-    h.system.decimalMark = ',';
-    h.store->save("VELDOR", "Bands", "band2freq", "3.5");
-    InitialiseVariables(h.c);
-    basic::SetDecimalMark('.');
-    EXPECT_EQ(h.c.s.BandFreq[4], "14,200");
-    EXPECT_EQ(h.c.s.BandFreq[1], "3,5");
-    EXPECT_EQ(h.c.f.cmdBand[12].caption, "433");
-}
-
-TEST(Notes, AfterAWrapBackAndForwardStayWithinTheNewestNotes) {
-    Wire w(RigFT817);
-    for (int n = 1; n <= 32; ++n) {
-        w.c.f.txtVfoA.text = QString("7.%1.00").arg(n, 3, 10, QChar('0'));
-        cmdNoteFreq_Click(w.c);
-    }
-    EXPECT_EQ(w.c.f.lblNotes.caption, "30");
-    EXPECT_TRUE(w.c.f.cmdForward.enabled && w.c.f.cmdBack.enabled);
-    // Notes 31 and 32 took entries 1 and 2; 3 to 30 are out of reach.
-    const std::pair<void (*)(Core&), int32_t> presses[] = {{cmdForward_Click, 703100},
-                                                           {cmdForward_Click, 703200},
-                                                           {cmdBack_Click, 703100},
-                                                           {cmdBack_Click, 703200}};
-    for (auto [press, frequency] : presses) {
-        press(w.c);
-        EXPECT_EQ(w.c.s.TargetFrequency, frequency);
-    }
-    EXPECT_EQ(w.c.f.lblCurrentNote.caption, "2");
-}
-
-TEST(Notes, ClearingAsksFirstAndSpeaksOfTheBanks) {
-    Wire w(RigFT817);
-    w.c.f.txtVfoA.text = "145.600.00";
-    cmdNoteFreq_Click(w.c);
-    w.dialogs.answers = {MsgResult::No, MsgResult::Yes};
-    cmdClearNotes_Click(w.c);
-    EXPECT_EQ(w.c.s.NoteCount, 1);
-    cmdClearNotes_Click(w.c);
-    EXPECT_EQ(w.dialogs.messages[1].text,
-              "Are your sure you want to clear the Quick Memory Banks?");
-    EXPECT_EQ(w.c.f.lblNotes.caption, "0");
-    // With no note, the last note is the empty entry 0, which no rig can tune.
-    cmdNoteLast_Click(w.c);
-    EXPECT_EQ(w.c.s.TargetFrequency, -1);
 }
 
 }  // namespace

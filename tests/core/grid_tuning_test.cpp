@@ -49,42 +49,12 @@ TEST(GridGoTo, TunesSimplexRepeaterToneAndSplitRows) {
     EXPECT_TRUE(split.state().split);
 }
 
-TEST(GridGoTo, OffsetsUpTo7600KilohertzAndRefusals) {
-    Tuned st(RigFT817);
-    const struct {
-        const char* offset;
-        const char* expected;
-    } cases[] = {{".60000", "600"}, {"7.60000", "7600"}, {"7.70000", "600"}, {"", "600"}};
-    for (const auto& t : cases) {
-        MemoryGrid& g = st.c.frmCsvMem.grdMemories;
-        g.rows[1].cells = {"1",     "145.60000", "FM", "Plus", t.offset, "", "CTCSS Enc",
-                           "999.9", "Freq",      "",   "Y",    "0",      ""};
-        st.c.s.TargetOffset = "0";
-        mnuGoTo_Click(st.c);
-        EXPECT_EQ(st.c.s.TargetOffset, t.expected) << t.offset;
-        EXPECT_EQ(st.c.s.ToneCode, " 0");  // a tone the rig lacks tunes with the first
-    }
-    // A shift the grid's words do not name ("PLUS" from a file) leaves the last one.
-    st.c.frmCsvMem.grdMemories.rows[1].cells[3] = "PLUS";
-    st.c.s.TargetShift = "-";
-    mnuGoTo_Click(st.c);
-    EXPECT_EQ(st.c.s.TargetShift, "-");
-
-    Tuned off(RigFT450);
-    off.goTo({"1", "14.20000", "USB", "Split", "14.25000", "CW", "", "", "Freq", "", "Y", "0", ""});
-    EXPECT_FALSE(off.state().split);
-    EXPECT_NE(off.state().frequencyHz, 14200000);
-    off.switchOff();
-    off.c.f.txtMemoryTag.text = "before";
-    off.goTo({"1", "7.00000", "LSB", "Simplex", "", "", "", "", "Freq", "after", "Y", "0", ""});
-    EXPECT_EQ(off.c.f.txtMemoryTag.text, "before");
-}
-
-TEST(GridGoTo, NothingIsTunedWhileTheRigTransmitsOrScans) {
-    using Flag = bool State::*;
-    for (Flag busy : {Flag{&State::Transmitting}, Flag{&State::ScanRunning}}) {
+TEST(GridGoTo, NothingIsTunedWhileTheLinkIsOffOrTheRigTransmitsOrScans) {
+    for (void (*busy)(Core&) :
+         {+[](Core& c) { c.f.chkOnOff.value = 0; }, +[](Core& c) { c.s.Transmitting = true; },
+          +[](Core& c) { c.s.ScanRunning = true; }}) {
         Tuned st(RigFT817);
-        st.c.s.*busy = true;
+        busy(st.c);
         MemoryGrid& g = st.c.frmCsvMem.grdMemories;
         g.rows[1].cells = {"1", "7.00000", "LSB",   "Simplex", "",  "", "",
                            "",  "Freq",    "after", "Y",       "0", ""};
