@@ -28,46 +28,19 @@ TEST_P(AnyReply, NeverBreaksAWrite) {
         return reply;
     };
     State& s = h.c.s;
+    // Every request a control can raise, all at once.
+    const auto raise = [](auto&... requests) { ((requests = true), ...); };
     for (int tick = 0; tick < 40; ++tick) {
-        for (bool State::*flag : {&State::PendingFT920Tuner,
-                                  &State::PendingFT920StartTune,
-                                  &State::PttOffPending,
-                                  &State::PttOnPending,
-                                  &State::PendingFT817AGC,
-                                  &State::PendingVfoSelect,
-                                  &State::PendingFT1000Filter82,
-                                  &State::PendingFT1000Filter455,
-                                  &State::PendingVfoToggle,
-                                  &State::PendingSplit,
-                                  &State::PendingProcessor,
-                                  &State::PendingFT450Tune,
-                                  &State::PendingFT450Tuner,
-                                  &State::PendingFT450Att,
-                                  &State::PendingFT450AGC,
-                                  &State::PendingFT450Ipo,
-                                  &State::PendingFT450SqlRf,
-                                  &State::PendingFT450VM,
-                                  &State::PendingNoiseBlanker,
-                                  &State::PendingFT450NR,
-                                  &State::PendingFT450Notch,
-                                  &State::PendingFT450NRLevel,
-                                  &State::PendingFT450AFGain,
-                                  &State::PendingFT450RFGain,
-                                  &State::PendingFT450NotchFreq,
-                                  &State::PendingFT450Filter,
-                                  &State::PendingFT450Contour,
-                                  &State::PendingFT450ContourFreq,
-                                  &State::PendingDNF,
-                                  &State::PendingDNR,
-                                  &State::PendingDBF,
-                                  &State::PendingLock,
-                                  &State::PendingFast,
-                                  &State::ShiftPending,
-                                  &State::ModeButtonPending,
-                                  &State::PendingVfoEqual,
-                                  &State::PendingVfoBOff,
-                                  &State::FrequencyChangePending})
-            s.*flag = true;
+        raise(s.PendingFT920Tuner, s.PendingFT920StartTune, s.PttOffPending, s.PttOnPending,
+              s.PendingFT817AGC, s.PendingVfoSelect, s.PendingFT1000Filter82,
+              s.PendingFT1000Filter455, s.PendingVfoToggle, s.PendingSplit, s.PendingProcessor,
+              s.PendingFT450Tune, s.PendingFT450Tuner, s.PendingFT450Att, s.PendingFT450AGC,
+              s.PendingFT450Ipo, s.PendingFT450SqlRf, s.PendingFT450VM, s.PendingNoiseBlanker,
+              s.PendingFT450NR, s.PendingFT450Notch, s.PendingFT450NRLevel, s.PendingFT450AFGain,
+              s.PendingFT450RFGain, s.PendingFT450NotchFreq, s.PendingFT450Filter,
+              s.PendingFT450Contour, s.PendingFT450ContourFreq, s.PendingDNF, s.PendingDNR,
+              s.PendingDBF, s.PendingLock, s.PendingFast, s.ShiftPending, s.ModeButtonPending,
+              s.PendingVfoEqual, s.PendingVfoBOff, s.FrequencyChangePending);
         s.ModeButtonIndex = static_cast<int>(random() % 14) - 1;
         s.Ft1000Filter455Index = static_cast<int>(random() % 7) - 1;
         s.Ft450AgcIndex = static_cast<int>(random() % 6) - 1;

@@ -25,13 +25,6 @@ TEST(Initialise, ThePollingDelay) {
     }
 }
 
-TEST(Initialise, TheLinkAlwaysRunsWithTwoStopBits) {
-    Harness h;
-    h.setting("CommSpeed", "9600,N,8,1");
-    InitialiseVariables(h.c);
-    EXPECT_EQ(h.c.s.CommSpeed, "9600,N,8,2");
-}
-
 TEST(Initialise, TheRtsChoicesExcludeOneAnother) {
     // RaiseRTS, LinkRTS and TXRXcontrolsRTS as stored, and as taken.
     const std::pair<const char*, const char*> cases[] = {
@@ -61,20 +54,20 @@ TEST(Initialise, TheLocalesMarkGoesIntoTheShiftTextsAndChoosesTheFieldDelimiter)
     }
 }
 
-TEST(Initialise, SisterModelsShareTheirDelayKeys) {
+// Sister models share their delay keys (the FT-817ND's own is never read); the VR-5000 has
+// its own command delay and last frequency; the link always runs with two stop bits.
+TEST(Initialise, DelaysLastFrequencyAndStopBits) {
     Harness h;
     h.setting("FT817CMDdelay", "40");
     h.setting("FT817SmeterDelay", "120");
-    h.setting("FT817NDCMDdelay", "99");  // no such key is ever read
+    h.setting("FT817NDCMDdelay", "99");
     h.setting("RigType", "FT817ND");
+    h.setting("CommSpeed", "9600,N,8,1");
     InitialiseVariables(h.c);
     EXPECT_EQ(h.c.f.sldCMDdelay.value, 40);
     EXPECT_EQ(h.c.f.sldSmeterDelay.value, 120);
     EXPECT_EQ(h.c.f.sldExtra.value, 250);
-}
-
-TEST(Initialise, TheVr5000HasItsOwnCommandDelayAndLastFrequency) {
-    Harness h;
+    EXPECT_EQ(h.c.s.CommSpeed, "9600,N,8,2");
     h.setting("RigType", "VR5000");
     InitialiseVariables(h.c);
     EXPECT_EQ(h.c.f.sldCMDdelay.value, 25);

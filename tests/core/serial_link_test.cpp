@@ -197,15 +197,6 @@ TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
     EXPECT_FALSE(h.c.s.TextResyncNeeded);
 }
 
-TEST_F(Link, GarbageOfAnyLengthNeverHangsTheTextReader) {
-    QByteArray garbage;
-    for (int i = 0; i < 5000; ++i) garbage.append(static_cast<char>((i * 37 + 11) % 256));
-    garbage.replace(';', 'x');
-    port().arrive(0, garbage + ";");
-    EXPECT_TRUE(ReceiveData(h.c));
-    EXPECT_TRUE(h.c.s.TextReply.endsWith(';'));
-}
-
 // Opening the ports.
 TEST_F(Link, AnUnavailablePortGivesTheMessageAndTheSystemReason) {
     port().close();
@@ -288,41 +279,6 @@ TEST(Recovery, ReopeningKeepsTheLinesLowThroughout) {
     EXPECT_EQ(h.scriptedPort->calls,
               (std::vector<QString>{open, "rts 0", "dtr 0", open, "rts 0", "dtr 0"}));
     EXPECT_EQ(h.pttPort.calls, (std::vector<QString>{open, open}));
-}
-
-// Frequency coding, from the manuals' worked examples.
-TEST_F(Link, PrepareFrequencyCodesEachRigsForm) {
-    const std::tuple<QString, int32_t, std::array<uint8_t, 4>> cases[] = {
-        {RigFT817, 1425000, {0x01, 0x42, 0x50, 0x00}},
-        {RigFT847, 43912345, {0x43, 0x91, 0x23, 0x45}},
-        {RigFT920, 1425000, {0x00, 0x50, 0x42, 0x01}},
-        {RigFT1000MP, 702512, {0x12, 0x25, 0x70, 0x00}},
-        {RigFRG100, 5000, {0x00, 0x50, 0x00, 0x00}},
-        // 145.575 MHz as a binary count of 10 Hz: 0x00DE213C.
-        {RigVR5000, 14557500, {0x00, 0xDE, 0x21, 0x3C}}};
-    for (const auto& [rig, frequency, bytes] : cases) {
-        SCOPED_TRACE(rig.toStdString());
-        h.c.s.RigType = rig;
-        int32_t f = frequency;
-        PrepareFrequency(h.c, f);
-        EXPECT_FALSE(h.c.s.FrequencyOutOfRange);
-        EXPECT_EQ(h.c.s.CurrentFrequency, frequency);
-        EXPECT_EQ(h.c.s.TuningFrequency, frequency);
-        for (int i = 0; i < 4; ++i) EXPECT_EQ(h.c.s.CommandBytes[i], bytes[i]) << "byte " << i;
-    }
-    h.c.s.RigType = RigFT450;  // eight digits of hertz
-    int32_t f = 707400;
-    PrepareFrequency(h.c, f);
-    EXPECT_EQ(h.c.s.FrequencyDigits, "07074000");
-}
-
-TEST_F(Link, AnOutOfRangeFrequencyCodesNothingAndFallsBackTo7MHz) {
-    h.c.s.CommandBytes = {9, 9, 9, 9, 9};
-    int32_t f = 5600001;
-    PrepareFrequency(h.c, f);
-    EXPECT_TRUE(h.c.s.FrequencyOutOfRange);
-    EXPECT_EQ(h.c.s.CurrentFrequency, 700000);
-    EXPECT_EQ(h.c.s.CommandBytes[0], 9);
 }
 
 TEST_F(Link, AVr5000DragSnapsToTheTuningStep) {

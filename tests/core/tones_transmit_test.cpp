@@ -167,11 +167,8 @@ TEST(RepeaterChannel, TheSimulatedRigTakesToneShiftAndOffset) {
         {RigFT920, 2962000, 0, 9, 0}};
     for (const auto& [rig, frequency, deciHz, number, offset] : cases) {
         SCOPED_TRACE(rig.toStdString());
-        Station st(rig);
-        st.load();
-        st.switchOn();
+        OnAir st(rig);
         State& s = st.c.s;
-        s.PollingDelay = 99;
         s.TargetFrequency = frequency;
         s.TargetMode = "FM";
         s.TargetShift = "-";
@@ -179,7 +176,7 @@ TEST(RepeaterChannel, TheSimulatedRigTakesToneShiftAndOffset) {
         s.ToneCode = "8";
         s.ToneEncode = "1";
         s.FrequencyChangePending = true;
-        tmrPollInterval_Timer(st.c);
+        st.tick();
         const sim::RigState& r = st.rig().state();
         EXPECT_EQ(r.frequencyHz, frequency * 10LL);
         EXPECT_EQ(r.toneMode, "encode");

@@ -169,15 +169,6 @@ TEST(SetFrequencyAndMode, SendsTonesInTheirOrderAroundTheFrequency) {
     EXPECT_TRUE(w.c.s.ExtraDelayNeeded);
 }
 
-TEST(SetFrequency, LeavesTheModeAlone) {
-    Wire w(RigFT817, Bytes({0}));
-    w.c.s.LastModeSent = "LSB";
-    int32_t f = 705000;
-    SetFrequency(w.c, f);
-    EXPECT_EQ(w.hex(), "00 70 50 00 01");
-    EXPECT_EQ(w.c.s.LastModeSent, "LSB");
-}
-
 struct ButtonCase {
     const char* rig;
     int index;
@@ -197,26 +188,19 @@ TEST(ModeButtons, SendEachRigsCodeAndShowTheMode) {
         {"FT920", 3, "00 00 00 03 0c", "CWR"},
         {"FT920", 6, "00 00 00 02 8c", "USB"},
         {"FT920", 10, "00 00 00 09 0c", "RTYL"},
+        {"FT450", 7, "MD08;", "USRL"},  // with its semicolon here
     };
     for (const ButtonCase& t : cases) {
-        Wire w(t.rig, Bytes({0}));
+        Wire w(t.rig, Acks(t.rig));
         w.c.f.txtMode.text = "USB";
         w.c.s.ModeButtonIndex = t.index;
         w.c.s.ModeButtonPending = true;
         ApplyModeButton(w.c);
-        EXPECT_EQ(w.hex(), t.sent) << t.rig << " " << t.index;
+        EXPECT_EQ(Sent(w), t.sent) << t.rig << " " << t.index;
         EXPECT_EQ(w.c.f.txtMode.text, t.mode);
         EXPECT_EQ(w.c.s.LastModeSent, t.mode);
         EXPECT_FALSE(w.c.s.ModeButtonPending);
     }
-}
-
-TEST(ModeButtons, Ft450SendsItsTextWithTheSemicolon) {
-    Wire w(RigFT450);
-    w.c.s.ModeButtonIndex = 7;
-    ApplyModeButton(w.c);
-    EXPECT_EQ(w.text(), "MD08;");
-    EXPECT_EQ(w.c.f.txtMode.text, "USRL");
 }
 
 TEST(ModeButtons, TheFt847NarrowButtonNarrowsTheModeShown) {

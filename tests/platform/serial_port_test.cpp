@@ -118,11 +118,10 @@ struct Pty {
 TEST(SystemPort, CarriesBytesBothWaysThroughAPseudoTerminal) {
     Pty pty;
     const int master = pty.master;
-    const char* name = pty.name;
     VirtualClock clock;
     SystemSerialPort port(clock, [] { return QString("FT817"); });
     QString reason;
-    ASSERT_TRUE(port.open(name, "4800,N,8,2", false, {}, &reason)) << reason.toStdString();
+    ASSERT_TRUE(port.open(pty.name, "4800,N,8,2", false, {}, &reason)) << reason.toStdString();
     port.output(QByteArray::fromHex("0000000003"));
     while (port.outBufferCount() > 0) {
     }

@@ -16,13 +16,7 @@ void VirtualPump::runDue() {
     }
 }
 
-void VirtualPump::processEvents() {
-    ++pumps;
-    runDue();
-}
-
 void VirtualPump::sleepUntil(int milliseconds, int, const std::function<bool()>& ready) {
-    ++sleeps;
     const uint32_t end = clock_.now + static_cast<uint32_t>(std::max(milliseconds, 0));
     while (clock_.now < end && !(ready && ready())) {
         uint32_t next = clock_.now + 1;
@@ -46,21 +40,6 @@ MsgResult ScriptedDialogs::messageBox(const QString& text, const QString& title,
     return answer;
 }
 
-QString ScriptedDialogs::browseForFolder(const QString& prompt) {
-    folderPrompts.push_back(prompt);
-    return folderAnswer;
-}
-
-QString ScriptedDialogs::saveFileName(const QString&, const QString& folder, const QString&, int) {
-    saveFolders.push_back(folder);
-    return saveAnswer;
-}
-
-QString ScriptedDialogs::openFileName(const QString&, const QString& folder, const QString&, int) {
-    openFolders.push_back(folder);
-    return openAnswer;
-}
-
 bool ScriptedDialogs::inputBox(const QString& prompt, const QString&, QString* text) {
     inputPrompts.push_back(prompt);
     if (inputAnswers.empty()) return false;
@@ -69,32 +48,10 @@ bool ScriptedDialogs::inputBox(const QString& prompt, const QString&, QString* t
     return true;
 }
 
-bool FakePrinter::setFont(const QString& family, int size) {
-    font = family;
-    points = size;
-    return true;
-}
-
-bool FakePrinter::print(const QStringList& lines, QString*) {
-    documents.push_back(lines);
-    return true;
-}
-
-bool FakeLauncher::start(const QString& commandLine) {
-    started.push_back(commandLine);
-    return std::find(missing.begin(), missing.end(), commandLine) == missing.end();
-}
-
 void FakeAudio::open() {
     calls.push_back("open");
     take.clear();
     mode_ = AudioMode::Open;
-}
-
-int FakeAudio::setFormat(const WaveFormat& format) {
-    formats.push_back(format);
-    lastError_ = formatError ? errorText : QString();
-    return formatError;
 }
 
 bool FakeAudio::record() {
@@ -149,24 +106,8 @@ void FakeWindows::show(FormId form, bool modal) {
     close(form);
 }
 
-void FakeWindows::hide(FormId form) {
-    close(form);
-}
-
 void FakeWindows::close(FormId form) {
     open.erase(std::remove(open.begin(), open.end(), form), open.end());
-}
-
-bool FakeWindows::shown(FormId form) const {
-    return std::find(open.begin(), open.end(), form) != open.end();
-}
-
-int FakeWindows::timesShown(FormId form) const {
-    return static_cast<int>(std::count(shownLog.begin(), shownLog.end(), form));
-}
-
-bool FakeSystem::directoryExists(const QString& path) {
-    return std::find(existingFolders.begin(), existingFolders.end(), path) != existingFolders.end();
 }
 
 QByteArray ScriptedPort::allWritten() const {
@@ -270,18 +211,6 @@ Harness::Harness(bool scriptedMainPort) {
                    .printer = &printer};
 }
 
-void Harness::setting(const QString& key, const QString& value) {
-    store->save(c.s.AppName, "Settings", key, value);
-}
-
-QString Harness::stored(const QString& section, const QString& key) {
-    return IniStore(dir.path()).get(c.s.AppName, section, key, "<missing>");
-}
-
-sim::RigSim& Harness::rig() {
-    return *simPort->rig();
-}
-
 QByteArray Harness::rigReceived() {
     QByteArray all;
     if (!simPort || !simPort->rig()) return all;
@@ -301,13 +230,8 @@ void Station::load(const QString& commandLine) {
     Form_Load(c, commandLine);
 }
 
-void Station::switchOn() {
-    c.f.chkOnOff.value = 1;
-    chkOnOff_Click(c);
-}
-
-void Station::switchOff() {
-    c.f.chkOnOff.value = 0;
+void Station::switchTo(int on) {
+    c.f.chkOnOff.value = on;
     chkOnOff_Click(c);
 }
 
@@ -317,25 +241,9 @@ ScriptedRig::ScriptedRig(const QString& rig) : Harness(true) {
     scriptedPort->open("1", "4800,N,8,2", false, {}, nullptr);
 }
 
-void ScriptedRig::replies(const QByteArray& bytes) {
-    scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
-}
-
 Wire::Wire(const QString& rig, const QByteArray& reply) : ScriptedRig(rig) {
     if (!reply.isEmpty()) replies(reply);
     c.s.LastToneState = c.s.ToneCode + c.s.ToneEncode + c.s.ToneDecode;
-}
-
-QString Wire::hex() {
-    return scriptedPort->allWritten().toHex(' ');
-}
-
-QByteArray Wire::text() {
-    return scriptedPort->allWritten();
-}
-
-void Wire::clear() {
-    scriptedPort->written.clear();
 }
 
 OnAir::OnAir(const QString& rigType) : Station(rigType) {
@@ -349,10 +257,6 @@ OnAir::OnAir(const QString& rigType) : Station(rigType) {
 
 void OnAir::tick() {
     tmrPollInterval_Timer(c);
-}
-
-uint8_t& OnAir::memory(int address) {
-    return rig().state().eeprom[static_cast<size_t>(address)];
 }
 
 QByteArray Bytes(std::initializer_list<int> values) {

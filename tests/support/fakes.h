@@ -10,6 +10,7 @@
 #include <QMap>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -35,7 +36,10 @@ class VirtualPump : public EventPump {
   public:
     explicit VirtualPump(VirtualClock& clock) : clock_(clock) {}
     void at(uint32_t ms, std::function<void()> event) { events_.emplace(ms, std::move(event)); }
-    void processEvents() override;
+    void processEvents() override {
+        ++pumps;
+        runDue();
+    }
     // Moves the clock on, running the events due and ending once ready() holds: a millisecond
     // at a time, or with nextChange from one moment at which something changes to the next.
     void sleepUntil(int milliseconds, int watch, const std::function<bool()>& ready) override;
@@ -45,7 +49,6 @@ class VirtualPump : public EventPump {
     // a few leaps rather than hundreds of steps.
     std::function<std::optional<uint32_t>()> nextChange;
     int pumps = 0;
-    int sleeps = 0;
 
   private:
     void runDue();
@@ -79,27 +82,35 @@ class ScriptedDialogs : public Dialogs {
     std::vector<QString> inputPrompts;
     std::deque<QString> inputAnswers;
     bool inputBox(const QString& prompt, const QString&, QString* text) override;
-    QString browseForFolder(const QString& prompt) override;
+    QString browseForFolder(const QString& prompt) override {
+        folderPrompts.push_back(prompt);
+        return folderAnswer;
+    }
     // The save dialogs shown (their folders), and the name the operator chooses: empty cancels.
     std::vector<QString> saveFolders;
     QString saveAnswer;
-    QString saveFileName(const QString&, const QString& folder, const QString&, int) override;
-    // The open dialogs shown (their folders), and the name chosen: empty cancels.
-    std::vector<QString> openFolders;
+    QString saveFileName(const QString&, const QString& folder, const QString&, int) override {
+        saveFolders.push_back(folder);
+        return saveAnswer;
+    }
+    // The name chosen in an open dialog: empty cancels.
     QString openAnswer;
-    QString openFileName(const QString&, const QString& folder, const QString&, int) override;
+    QString openFileName(const QString&, const QString&, const QString&, int) override {
+        return openAnswer;
+    }
 };
 
 // A printer that keeps the documents it was given; available unless told otherwise.
 class FakePrinter : public Printer {
   public:
     bool present = true;
-    QString font;
-    int points = 0;
     std::vector<QStringList> documents;
     bool available() override { return present; }
-    bool setFont(const QString& family, int size) override;
-    bool print(const QStringList& lines, QString* reason) override;
+    bool setFont(const QString&, int) override { return true; }
+    bool print(const QStringList& lines, QString*) override {
+        documents.push_back(lines);
+        return true;
+    }
 };
 
 // Settings kept in memory, for runs of millions of inputs where a file per write would cost.
@@ -134,7 +145,10 @@ class FakeLauncher : public Launcher {
   public:
     std::vector<QString> started;
     std::vector<QString> missing;
-    bool start(const QString& commandLine) override;
+    bool start(const QString& commandLine) override {
+        started.push_back(commandLine);
+        return std::find(missing.begin(), missing.end(), commandLine) == missing.end();
+    }
 };
 
 // A sound card on virtual time: the take is the stretches of time during which it recorded.
@@ -142,8 +156,6 @@ class FakeAudio : public AudioRecorder {
   public:
     explicit FakeAudio(VirtualClock& clock) : clock_(clock) {}
     QStringList devices = {"Monitor of Built-in Audio"};
-    int formatError = 0;  // what setFormat answers
-    QString errorText;
     std::vector<WaveFormat> formats;
     std::vector<QString> calls;  // "open", "record", "pause", "stop", "close", "save"
     struct Stretch {
@@ -155,7 +167,10 @@ class FakeAudio : public AudioRecorder {
 
     QStringList inputDevices() override { return devices; }
     void open() override;
-    int setFormat(const WaveFormat& format) override;
+    int setFormat(const WaveFormat& format) override {
+        formats.push_back(format);
+        return 0;
+    }
     bool record() override;
     void pause() override;
     void stop() override;
@@ -163,12 +178,11 @@ class FakeAudio : public AudioRecorder {
     void close() override;
     AudioMode mode() const override { return mode_; }
     int64_t takeMilliseconds() const override;
-    QString lastErrorText() const override { return lastError_; }
+    QString lastErrorText() const override { return {}; }
 
   private:
     VirtualClock& clock_;
     AudioMode mode_ = AudioMode::Closed;
-    QString lastError_;
 };
 
 class FakeSystem : public System {
@@ -178,7 +192,10 @@ class FakeSystem : public System {
     int screenWidth = 1920 * 15;
     int screenHeight = 1080 * 15;
     bool ended = false;
-    bool directoryExists(const QString& path) override;
+    bool directoryExists(const QString& path) override {
+        return std::find(existingFolders.begin(), existingFolders.end(), path) !=
+               existingFolders.end();
+    }
     QChar decimalSeparator() override { return decimalMark; }
     int screenWidthTwips() override { return screenWidth; }
     int screenHeightTwips() override { return screenHeight; }
@@ -209,10 +226,14 @@ class FakeWindows : public Windows {
     std::vector<FormId> shownLog;
     std::vector<FormId> open;
     void show(FormId form, bool modal) override;
-    void hide(FormId form) override;
+    void hide(FormId form) override { close(form); }
     void close(FormId form) override;
-    bool shown(FormId form) const override;
-    int timesShown(FormId form) const;
+    bool shown(FormId form) const override {
+        return std::find(open.begin(), open.end(), form) != open.end();
+    }
+    int timesShown(FormId form) const {
+        return static_cast<int>(std::count(shownLog.begin(), shownLog.end(), form));
+    }
 };
 
 // A serial port whose replies a test writes in advance, each readable from a given moment.
@@ -272,9 +293,13 @@ class ScriptedPort : public SerialPort {
 struct Harness {
     explicit Harness(bool scriptedMainPort = false);
     // Writes a key of section "Settings" before the core reads the store.
-    void setting(const QString& key, const QString& value);
-    QString stored(const QString& section, const QString& key);
-    sim::RigSim& rig();
+    void setting(const QString& key, const QString& value) {
+        store->save(c.s.AppName, "Settings", key, value);
+    }
+    QString stored(const QString& section, const QString& key) {
+        return IniStore(dir.path()).get(c.s.AppName, section, key, "<missing>");
+    }
+    sim::RigSim& rig() { return *simPort->rig(); }
     // Bytes the rig received, in order.
     QByteArray rigReceived();
 
@@ -299,24 +324,27 @@ struct Harness {
 struct Station : Harness {
     explicit Station(const QString& rig, bool scripted = false);
     void load(const QString& commandLine = {});
-    void switchOn();
-    void switchOff();
+    void switchOn() { switchTo(1); }
+    void switchOff() { switchTo(0); }
+    void switchTo(int on);
 };
 
 // A connection to a rig whose replies a test writes by hand, from the rig's manual.
 struct ScriptedRig : Harness {
     explicit ScriptedRig(const QString& rig);
     // Every command gets these bytes back.
-    void replies(const QByteArray& bytes);
+    void replies(const QByteArray& bytes) {
+        scriptedPort->answer = [bytes](const QByteArray&) { return bytes; };
+    }
 };
 
 // A scripted rig whose written bytes a test reads as hex or as text. The tone state counts as
 // sent, so that only what a test changes goes out.
 struct Wire : ScriptedRig {
     explicit Wire(const QString& rig, const QByteArray& reply = {});
-    QString hex();
-    QByteArray text();
-    void clear();
+    QString hex() { return scriptedPort->allWritten().toHex(' '); }
+    QByteArray text() { return scriptedPort->allWritten(); }
+    void clear() { scriptedPort->written.clear(); }
 };
 
 // A connected station on the simulated rig with polling off, so that only the writes of the
@@ -324,7 +352,7 @@ struct Wire : ScriptedRig {
 struct OnAir : Station {
     explicit OnAir(const QString& rigType);
     void tick();
-    uint8_t& memory(int address);
+    uint8_t& memory(int address) { return rig().state().eeprom[static_cast<size_t>(address)]; }
 };
 
 // Bytes from a list of values.
