@@ -11,6 +11,7 @@
 namespace veldor::test {
 namespace {
 
+// Replies in hex, but the FT-450's text; its 255 is limited to the bar's 31.
 TEST(SMeter, ScalesEachRigsReadingToTheBar) {
     const std::tuple<QString, const char*, int> cases[] = {
         {RigFT817, "0f", 30},          {RigFT817, "1f", 30},
@@ -18,23 +19,13 @@ TEST(SMeter, ScalesEachRigsReadingToTheBar) {
         {RigVR5000, "13", 0},          {RigVR5000, "12", 0},
         {RigVR5000, "3f", 31},         {RigFRG100, "000000ff00", 31},
         {RigFRG100, "0000002e00", 20}, {RigFT1000MP, "ff00000000", 31},
-        {RigFT920, "4000000000", 8}};
+        {RigFT920, "4000000000", 8},   {RigFT450, "SM0255;", 31}};
     for (const auto& [rig, reply, bar] : cases) {
         ScriptedRig h(rig);
-        h.replies(QByteArray::fromHex(reply));
+        h.replies(rig == RigFT450 ? QByteArray(reply) : QByteArray::fromHex(reply));
         ReadSignal(h.c);
         EXPECT_EQ(h.c.f.pbarSmeter.value, bar) << rig.toStdString() << " " << reply;
     }
-}
-
-TEST(SMeter, AnFt450ReadingOf255IsLimitedTo31) {
-    ScriptedRig h(RigFT450);
-    QList<QByteArray> answers = {"SM0255;", "BY00;"};
-    h.scriptedPort->answer = [&answers](const QByteArray&) { return answers.takeFirst(); };
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.pbarSmeter.value, 31);
-    EXPECT_TRUE(h.c.s.SignalPresent);  // 31 is above the threshold of 3
-    EXPECT_EQ(h.c.f.lblDCS.backColour, White);
 }
 
 TEST(SMeter, ThePauseComesFirstAndGrowsOnceAfterEitherToneCommand) {
@@ -99,24 +90,20 @@ TEST(SignalDecision, TheLightsFollowTheReading) {
     }
 }
 
-TEST(SignalDecision, TheFt1000MpDecidesOnThePreviousReading) {
-    ScriptedRig h(RigFT1000MP);
-    h.replies(QByteArray::fromHex("f000000000"));
-    ReadSignal(h.c);
-    EXPECT_EQ(h.c.f.pbarSmeter.value, 30);  // the bar shows the signal at once
-    EXPECT_FALSE(h.c.s.SignalPresent);      // but it counts one reading later
-    EXPECT_EQ(h.c.f.lblRX.backColour, White);
-    ReadSignal(h.c);
-    EXPECT_TRUE(h.c.s.SignalPresent);
-    EXPECT_EQ(h.c.f.lblRX.backColour, Green);
-}
-
-// No answer, or a short one from a receiver: the bar stays, and there is no signal.
-TEST(SignalDecision, AFailedReadingLeavesTheBarAndNoSignal) {
+// The FT-1000MP decides on the previous reading, though its bar shows the signal at once. No
+// answer, or a short one from a receiver: the bar stays, and there is no signal.
+TEST(SignalDecision, TheFt1000MpDecidesLateAndAFailedReadingDecidesNothing) {
+    ScriptedRig mp(RigFT1000MP);
+    mp.replies(QByteArray::fromHex("f000000000"));
+    for (const bool second : {false, true}) {
+        ReadSignal(mp.c);
+        EXPECT_EQ(mp.c.f.pbarSmeter.value, 30);
+        EXPECT_EQ(mp.c.s.SignalPresent, second);
+        EXPECT_EQ(mp.c.f.lblRX.backColour, second ? Green : White);
+    }
     for (const auto& [rig, reply] : {std::pair{RigFT817, ""}, {RigFRG100, "0000"}}) {
         ScriptedRig h(rig);
         h.c.f.pbarSmeter.value = 12;
-        h.c.f.lblRX.backColour = White;
         h.c.s.SignalPresent = true;
         h.replies(QByteArray::fromHex(reply));
         ReadSignal(h.c);
@@ -156,50 +143,42 @@ TEST(TxStatus, TheLightFollowsTheRig) {
     }
 }
 
-TEST(TxStatus, SplitFollowsTheRigWhileTransmittingButNeverOnTheFt847) {
-    ScriptedRig h(RigFT897);
-    h.replies(QByteArray::fromHex("28"));
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.chkSplit.value, 1);
-    // The box's click ran and sent nothing back.
-    EXPECT_FALSE(h.c.s.SplitChangedByPoll);
-    EXPECT_FALSE(h.c.s.PendingSplit);
-    const size_t sent = h.scriptedPort->written.size();
-    ReadStatus(h.c);
-    EXPECT_EQ(h.scriptedPort->written.size(), sent + 1);  // only the status read itself
-
-    ScriptedRig f(RigFT847);
-    f.replies(QByteArray::fromHex("28"));
-    ReadStatus(f.c);
-    EXPECT_EQ(f.c.f.chkSplit.value, 0);
-}
-
-TEST(TxStatus, TheFt1000MpShowsItsStateAndLeavesAPendingSplitAlone) {
-    ScriptedRig h(RigFT1000MP);
-    h.replies(QByteArray::fromHex("816000000000"));  // TX, split, MEM and VFO bits
-    h.c.s.PendingSplit = true;
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO");
-    EXPECT_EQ(h.c.f.lblTX.backColour, Red);
-    EXPECT_EQ(h.c.f.chkSplit.value, 0);
-    h.c.s.PendingSplit = false;
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.chkSplit.value, 1);
-    EXPECT_EQ(h.c.s.FT1000Flags[1], 0x60);
-}
-
-TEST(TxStatus, TheFt920LightsItsIndicators) {
-    ScriptedRig h(RigFT920);
-    h.replies(QByteArray::fromHex("0120030030001000"));
-    ReadStatus(h.c);
-    EXPECT_EQ(h.c.f.shpTxVfoB, Red);
-    EXPECT_EQ(h.c.f.shpRxVfoA, Green);
-    EXPECT_EQ(h.c.f.lblAnt.caption, "B");
-    EXPECT_TRUE(h.c.f.lblRXant.visible);
-    EXPECT_EQ(h.c.f.lblTune.caption, " F A S T");
-    EXPECT_EQ(h.c.f.cmdFT920Tuner.backColour, PaleGreen);
-    EXPECT_EQ(h.c.f.chkSplit.value, 1);  // transmit on B, receive on A
-    EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO");
+// Split follows the rig (never on the FT-847) while the box's click sends nothing back; the
+// FT-1000MP leaves a pending split alone; the FT-1000MP and FT-920 show their state.
+TEST(TxStatus, SplitAndTheIndicatorsFollowTheRig) {
+    const std::tuple<QString, const char*, int> cases[] = {
+        {RigFT897, "28", 1},
+        {RigFT847, "28", 0},
+        {RigFT1000MP, "816000000000", 1},    // TX, split, MEM and VFO bits
+        {RigFT920, "0120030030001000", 1}};  // transmit on B, receive on A
+    for (const auto& [rig, reply, split] : cases) {
+        SCOPED_TRACE(rig.toStdString());
+        ScriptedRig h(rig);
+        h.replies(QByteArray::fromHex(reply));
+        const bool mp = rig == RigFT1000MP;
+        h.c.s.PendingSplit = mp;
+        ReadStatus(h.c);
+        EXPECT_EQ(h.c.f.chkSplit.value, mp ? 0 : split);
+        h.c.s.PendingSplit = false;
+        const size_t sent = h.scriptedPort->written.size();
+        ReadStatus(h.c);
+        EXPECT_EQ(h.scriptedPort->written.size(), sent + 1);  // only the status read itself
+        EXPECT_EQ(h.c.f.chkSplit.value, split);
+        EXPECT_FALSE(h.c.s.SplitChangedByPoll || h.c.s.PendingSplit);
+        if (mp) {
+            EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO");
+            EXPECT_EQ(h.c.f.lblTX.backColour, Red);
+            EXPECT_EQ(h.c.s.FT1000Flags[1], 0x60);
+        }
+        if (rig != RigFT920) continue;
+        EXPECT_EQ(h.c.f.shpTxVfoB, Red);
+        EXPECT_EQ(h.c.f.shpRxVfoA, Green);
+        EXPECT_EQ(h.c.f.lblAnt.caption, "B");
+        EXPECT_TRUE(h.c.f.lblRXant.visible);
+        EXPECT_EQ(h.c.f.lblTune.caption, " F A S T");
+        EXPECT_EQ(h.c.f.cmdFT920Tuner.backColour, PaleGreen);
+        EXPECT_EQ(h.c.f.lblRigMode.caption, "VFO");
+    }
 }
 
 TEST(Ft897Status, ReadsTheThreeAddresses) {

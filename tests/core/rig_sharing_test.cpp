@@ -67,7 +67,8 @@ TEST(RigSharingSettings, StoredKeysTakeEffectAtStart) {
         "Rig sharing could not listen on 10.9.9.9:4600: The address is not available"));
 }
 
-// Off on loopback and port 4532 until stored.
+// Off, on loopback and port 4532, until stored; the dialog shows the settings in force and the
+// server's state.
 TEST(RigSharingDialog, ShowsTheSettingsInForceAndTheServersState) {
     Sharing off;
     off.load();
@@ -86,6 +87,7 @@ TEST(RigSharingDialog, ShowsTheSettingsInForceAndTheServersState) {
     EXPECT_EQ(d.lblRigctldState.caption, "Listening on 127.0.0.1:4532, 2 clients");
 }
 
+// OK applies at once and saves; a loopback address asks nothing, any other address asks first.
 TEST(RigSharingDialog, OkAppliesAtOnceAndSaves) {
     Sharing st;
     FrmRigSharing& d = st.shareOn();
@@ -96,55 +98,46 @@ TEST(RigSharingDialog, OkAppliesAtOnceAndSaves) {
     EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "Y");
     EXPECT_EQ(st.stored("Settings", "RigctldPort"), "4533");
     EXPECT_EQ(st.stored("Settings", "RigctldAddress"), "127.0.0.1");
-    EXPECT_TRUE(st.dialogs.messages.empty());  // loopback: no question asked
-
+    EXPECT_TRUE(st.dialogs.messages.empty());
+    d.txtRigctldAddress.text = "0.0.0.0";
+    st.dialogs.answers.push_back(MsgResult::Yes);
+    EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
+    EXPECT_EQ(st.dialogs.messages.back().title, "Rig sharing");
+    EXPECT_EQ(st.server.address, "0.0.0.0");
+    EXPECT_EQ(st.stored("Settings", "RigctldAddress"), "0.0.0.0");
     d.chkRigctldEnabled.value = 0;
     EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
     EXPECT_FALSE(st.server.on);
     EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "N");
 }
 
-struct BadBox {
-    const char* port;
-    const char* address;
-    const char* title;
-};
-
+// Bad boxes, an address the server cannot have, and a no to sharing on the network are refused
+// and change nothing.
 TEST(RigSharingDialog, BadBoxesAreRefusedAndNothingChanges) {
-    const BadBox cases[] = {
-        {"0", "127.0.0.1", "Invalid number"},   {"65536", "127.0.0.1", "Invalid number"},
-        {"45x", "127.0.0.1", "Invalid number"}, {"", "127.0.0.1", "Invalid number"},
-        {"4532", "", "Invalid address"},        {"4532", "127.0.0.1 8", "Invalid address"},
-        {"4532", "10.9.9.9", "Rig sharing"},  // the server cannot have it
-    };
-    for (const BadBox& t : cases) {
+    const std::tuple<const char*, const char*, const char*, MsgResult> cases[] = {
+        {"0", "127.0.0.1", "Invalid number", MsgResult::Yes},
+        {"65536", "127.0.0.1", "Invalid number", MsgResult::Yes},
+        {"45x", "127.0.0.1", "Invalid number", MsgResult::Yes},
+        {"", "127.0.0.1", "Invalid number", MsgResult::Yes},
+        {"4532", "", "Invalid address", MsgResult::Yes},
+        {"4532", "127.0.0.1 8", "Invalid address", MsgResult::Yes},
+        {"4532", "10.9.9.9", "Rig sharing", MsgResult::Yes},  // the server cannot have it
+        {"4532", "0.0.0.0", "Rig sharing", MsgResult::No}};
+    for (const auto& [port, address, title, answer] : cases) {
+        SCOPED_TRACE(std::string(port) + " " + address);
         Sharing st;
         st.server.refused = "10.9.9.9";
-        st.dialogs.answers.push_back(MsgResult::Yes);  // yes, share it on the network
+        st.dialogs.answers.push_back(answer);  // to sharing it on the network
         FrmRigSharing& d = st.shareOn();
-        d.txtRigctldPort.text = t.port;
-        d.txtRigctldAddress.text = t.address;
-        EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c)) << t.port << " " << t.address;
+        d.txtRigctldPort.text = port;
+        d.txtRigctldAddress.text = address;
+        EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c));
         ASSERT_FALSE(st.dialogs.messages.empty());
-        EXPECT_EQ(st.dialogs.messages.back().title, t.title);
+        EXPECT_EQ(st.dialogs.messages.back().title, title);
+        EXPECT_FALSE(st.server.on);
         EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "<missing>");
         EXPECT_EQ(st.c.s.RigctldEnabled, "N");
     }
-}
-
-TEST(RigSharingDialog, OpeningTheRigToTheNetworkIsAskedFirst) {
-    Sharing st;
-    FrmRigSharing& d = st.shareOn();
-    d.txtRigctldAddress.text = "0.0.0.0";
-    st.dialogs.answers.push_back(MsgResult::No);
-    EXPECT_FALSE(frmRigSharing_cmdOK_Click(st.c));
-    EXPECT_FALSE(st.server.on);
-    EXPECT_EQ(st.dialogs.messages.back().title, "Rig sharing");
-
-    st.dialogs.answers.push_back(MsgResult::Yes);
-    EXPECT_TRUE(frmRigSharing_cmdOK_Click(st.c));
-    EXPECT_EQ(st.server.address, "0.0.0.0");
-    EXPECT_EQ(st.stored("Settings", "RigctldAddress"), "0.0.0.0");
 }
 
 TEST(RigSharingDialog, LoopbackAddressesAskNothing) {
