@@ -1,5 +1,5 @@
-// Reading frequency and mode from every rig, through the simulated rigs and through bytes
-// written by hand from the rigs' manuals.
+// Reading frequency and mode from every rig, through the simulated rigs and
+// through bytes written by hand from the rigs' manuals.
 #include "protocol/read_frequency.h"
 #include "basic/basic.h"
 #include "cycle/poll_cycle.h"
@@ -22,9 +22,10 @@ struct OnAir : Station {
     }
 };
 
-// Each rig's frequency and mode, through the simulated rig and again after it moves; then
-// replies written by hand: the FT-817's mode byte; zero is a good frequency; a short reply and
-// an FT-1000MP record whose byte 1 is above 2E change nothing, and say nothing.
+// Each rig's frequency and mode, through the simulated rig and again after it
+// moves; then replies written by hand: the FT-817's mode byte; zero is a good
+// frequency; a short reply and an FT-1000MP record whose byte 1 is above 2E
+// change nothing, and say nothing.
 TEST(ReadFrequency, ShowsEachRigsFrequencyAndMode) {
     const std::tuple<QString, int64_t, const char*, const char*> cases[] = {
         {RigFT817, 14250000, "USB", "14.250.00"},   {RigFT817ND, 145500000, "FM", "145.500.00"},
@@ -69,8 +70,9 @@ TEST(ReadFrequency, TheVr5000IsNeverRead) {
     EXPECT_EQ(h.c.f.txtVfoA.text, "");
 }
 
-// A bad frequency is reported, changes nothing and stops the next auto start; a good one in
-// between starts the count again, and the third in a row ends the program with nothing saved.
+// A bad frequency is reported, changes nothing and stops the next auto start; a
+// good one in between starts the count again, and the third in a row ends the
+// program with nothing saved.
 TEST(BadFrequency, IsReportedAndTheThirdInARowEndsTheProgram) {
     ScriptedRig h(RigFT817);
     h.c.f.txtVfoA.text = "7.000.00";
@@ -91,7 +93,8 @@ TEST(BadFrequency, IsReportedAndTheThirdInARowEndsTheProgram) {
     }
     ASSERT_FALSE(h.dialogs.messages.empty());
     EXPECT_EQ(h.dialogs.messages[0].text,
-              "Bad frequency from rig - 01425A00\r\nData flow between PC and rig will be "
+              "Bad frequency from rig - 01425A00\r\nData flow between PC and rig "
+              "will be "
               "re-synchronised.");
     EXPECT_EQ(h.stored("Settings", "AutoStart"), "No");
     EXPECT_FALSE(h.system.ended);  // no orderly end: nothing else is saved
@@ -117,7 +120,7 @@ TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
     EXPECT_EQ(h.c.f.cmdFT1000MP_Filter_455[4].backColour, White);
 }
 
-TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheLabel) {
+TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheMetersShowVfoB) {
     ScriptedRig h(RigFT920);
     QByteArray block(28, '\0');
     block[1] = 0x00, block[2] = static_cast<char>(0xD9), block[3] = 0x70, block[4] = 0x10;
@@ -128,16 +131,15 @@ TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheLabel) {
     EXPECT_EQ(h.c.f.txtMode.text, "FMN");
     EXPECT_EQ(h.c.f.Command2[6].backColour, PaleGreen);
     EXPECT_TRUE(h.c.f.lblNarrow.visible);
-}
-
-TEST(Ft920, WithTheMetersOpenASecondReadHoldsVfoB) {
-    OnAir h(RigFT920, 14250000, "USB");
-    h.rig().state().vfoBHz = 7050000;
-    h.c.s.MetersVisible = true;
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");  // the main display keeps VFO A
-    EXPECT_EQ(h.c.frmMeters.lblVFOB.caption, "7.050.00");
-    EXPECT_EQ(h.c.s.CurrentFrequency, 705000);  // until the next reading
+    // With the meters open a second read holds VFO B, kept until the next
+    // reading.
+    OnAir st(RigFT920, 14250000, "USB");
+    st.rig().state().vfoBHz = 7050000;
+    st.c.s.MetersVisible = true;
+    ReadFrequencyAndMode(st.c);
+    EXPECT_EQ(st.c.f.txtVfoA.text, "14.250.00");  // the main display keeps VFO A
+    EXPECT_EQ(st.c.frmMeters.lblVFOB.caption, "7.050.00");
+    EXPECT_EQ(st.c.s.CurrentFrequency, 705000);
 }
 
 TEST(Ft450, ReadsTheIfReplysPositions) {
@@ -162,7 +164,8 @@ TEST(Ft450, ReadsTheIfReplysPositions) {
     }
 }
 
-// A reply of another kind asks for resynchronisation; a short one of any length is survived.
+// A reply of another kind asks for resynchronisation; a short one of any length
+// is survived.
 TEST(Ft450, AWrongOrShortReplyIsSurvived) {
     for (const char* reply : {"MD02;", "IF;", "IF0011425;", "IF00114250000+00000;", "I;"}) {
         SCOPED_TRACE(reply);
@@ -214,9 +217,9 @@ int Readings(Harness& h) {
     return static_cast<int>(h.rigReceived().count(QByteArray::fromHex("0000000003")));
 }
 
-// With polling off nothing is read until "Update now", which reads once; the tone lights are
-// refreshed at each tick all the same. Polling on, a reading falls due after the end of the
-// last one.
+// With polling off nothing is read until "Update now", which reads once; the
+// tone lights are refreshed at each tick all the same. Polling on, a reading
+// falls due after the end of the last one.
 TEST(Polling, ReadsOnlyWhenDue) {
     OnAir h(RigFT817, 145500000, "FM");
     SetPollingDelay(h.c, 99);

@@ -1,5 +1,5 @@
-// Rig sharing as the operator sets it: the stored keys at start, and the dialog's change at
-// once.
+// Rig sharing as the operator sets it: the stored keys at start, and the
+// dialog's change at once.
 #include "sharing/rig_sharing.h"
 #include "link/catalogue.h"
 #include "support/fakes.h"
@@ -9,24 +9,21 @@
 namespace veldor::test {
 namespace {
 
-// A server that records what it was told; it fails on an address it is given to refuse.
+// A server that records what it was told; it fails on an address it is given to
+// refuse.
 class FakeRigServer : public RigServer {
   public:
-    QString refused;
-    QString address;
-    int port = 0;
+    QString refused, address;
+    int port = 0, stops = 0;
     bool on = false;
-    int stops = 0;
     bool listen(const QString& a, int p, QString* reason) override {
         if (a == refused) {
             *reason = "The address is not available";
-            on = false;
-            return false;
+            return on = false;
         }
         address = a;
         port = p;
-        on = true;
-        return true;
+        return on = true;
     }
     void stop() override {
         on = false;
@@ -49,8 +46,9 @@ struct Sharing : Station {
     FakeRigServer server;
 };
 
-// The stored keys take effect at start; an address that cannot be had is logged.
-TEST(RigSharingSettings, StoredKeysTakeEffectAtStart) {
+// The stored keys take effect at start; an address that cannot be had is
+// logged.
+TEST(RigSharingSettings, StoredKeysTakeEffectAtStartAndShowInTheDialog) {
     Sharing st;
     st.setting("RigctldEnabled", "Y");
     st.setting("RigctldAddress", " 192.168.1.20 ");
@@ -64,30 +62,29 @@ TEST(RigSharingSettings, StoredKeysTakeEffectAtStart) {
     st.c.s.RigctldAddress = "10.9.9.9";
     EXPECT_FALSE(StartRigSharing(st.c));
     EXPECT_TRUE(st.c.frmErrorList.txtErrors.text.contains(
-        "Rig sharing could not listen on 10.9.9.9:4600: The address is not available"));
-}
-
-// Off, on loopback and port 4532, until stored; the dialog shows the settings in force and the
-// server's state.
-TEST(RigSharingDialog, ShowsTheSettingsInForceAndTheServersState) {
+        "Rig sharing could not listen on 10.9.9.9:4600: The address is not "
+        "available"));
+    // Off, on loopback and port 4532, until stored; the dialog shows the settings
+    // in force and the server's state.
     Sharing off;
     off.load();
     EXPECT_TRUE(StartRigSharing(off.c));
     EXPECT_FALSE(off.server.on);
     EXPECT_EQ(off.server.stops, 1);
-    Sharing st;
-    st.setting("RigctldEnabled", "Y");
-    st.load();
-    StartRigSharing(st.c);
-    frmRigSharing_Load(st.c);
-    const FrmRigSharing& d = st.c.frmRigSharing;
+    Sharing fresh;
+    fresh.setting("RigctldEnabled", "Y");
+    fresh.load();
+    StartRigSharing(fresh.c);
+    frmRigSharing_Load(fresh.c);
+    const FrmRigSharing& d = fresh.c.frmRigSharing;
     EXPECT_EQ(d.chkRigctldEnabled.value, 1);
     EXPECT_EQ(d.txtRigctldAddress.text, "127.0.0.1");
     EXPECT_EQ(d.txtRigctldPort.text, "4532");
     EXPECT_EQ(d.lblRigctldState.caption, "Listening on 127.0.0.1:4532, 2 clients");
 }
 
-// OK applies at once and saves; a loopback address asks nothing, any other address asks first.
+// OK applies at once and saves; a loopback address asks nothing, any other
+// address asks first.
 TEST(RigSharingDialog, OkAppliesAtOnceAndSaves) {
     Sharing st;
     FrmRigSharing& d = st.shareOn();
@@ -111,8 +108,8 @@ TEST(RigSharingDialog, OkAppliesAtOnceAndSaves) {
     EXPECT_EQ(st.stored("Settings", "RigctldEnabled"), "N");
 }
 
-// Bad boxes, an address the server cannot have, and a no to sharing on the network are refused
-// and change nothing.
+// Bad boxes, an address the server cannot have, and a no to sharing on the
+// network are refused and change nothing.
 TEST(RigSharingDialog, BadBoxesAreRefusedAndNothingChanges) {
     const std::tuple<const char*, const char*, const char*, MsgResult> cases[] = {
         {"0", "127.0.0.1", "Invalid number", MsgResult::Yes},

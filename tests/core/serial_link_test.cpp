@@ -1,5 +1,5 @@
-// The serial link on virtual time: frames, delays, busy flags, reply collection, text
-// framing, port opening and frequency coding.
+// The serial link on virtual time: frames, delays, busy flags, reply
+// collection, text framing, port opening and frequency coding.
 #include "link/serial_link.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -27,8 +27,9 @@ class Link : public ::testing::Test {
     Harness h;
 };
 
-// A frame goes in index order after a quarter of the delay, the whole delay while scanning;
-// the events run even with no delay; with "clear buffer" the input is emptied first.
+// A frame goes in index order after a quarter of the delay, the whole delay
+// while scanning; the events run even with no delay; with "clear buffer" the
+// input is emptied first.
 TEST_F(Link, SendCommandWritesTheFrameInIndexOrderAfterAQuarterOfTheDelay) {
     h.c.f.sldCMDdelay.value = 103;  // a quarter is 25 ms, by integer division
     h.c.s.CommandBytes = {0x01, 0x42, 0x50, 0x00, 0xEE};
@@ -80,8 +81,9 @@ TEST_F(Link, SendTextEmptiesTheInputAndIgnoresTheBusyFlags) {
     EXPECT_EQ(port().inBufferCount(), 0);
 }
 
-// A reply in pieces ends with its last byte, the first bytes end no pause; one already there
-// ends after the events have run. Surplus bytes stay in the port for the next read.
+// A reply in pieces ends with its last byte, the first bytes end no pause; one
+// already there ends after the events have run. Surplus bytes stay in the port
+// for the next read.
 TEST_F(Link, AReplyInPiecesEndsWithItsLastByte) {
     uint32_t start = h.clock.now;
     port().arrive(start + 12, Bytes({0x01, 0x42}));
@@ -104,10 +106,10 @@ TEST_F(Link, AReplyInPiecesEndsWithItsLastByte) {
     }
 }
 
-// A lost or short reply times out after about half a second and counts in red; a lost one
-// leaves the former reply, which is why callers test the flag first. Switching off during a
-// read ends it as a timeout with the counter back at zero; a read of the closed port gives one
-// byte and leaves the flag as it was.
+// A lost or short reply times out after about half a second and counts in red;
+// a lost one leaves the former reply, which is why callers test the flag first.
+// Switching off during a read ends it as a timeout with the counter back at
+// zero; a read of the closed port gives one byte and leaves the flag as it was.
 TEST_F(Link, ALostOrShortReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {
     h.c.s.ReplyBytes = Bytes({0x11, 0x22});
     h.c.f.lblTimeoutCount.caption = "4";
@@ -139,13 +141,16 @@ TEST_F(Link, ALostOrShortReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {
     EXPECT_TRUE(h.c.s.ReplyTimedOut);
 }
 
-// Text replies of the FT-450. Each case: what was left over from earlier reads, what arrives,
-// then whether a reply was taken, the reply, and what stays in the buffer.
+// Text replies of the FT-450. Each case: what was left over from earlier reads,
+// what arrives, then whether a reply was taken, the reply, and what stays in
+// the buffer.
 TEST_F(Link, TextFramingCollectsOneReply) {
     const QString cases =
-        "|FA014250000;|1|FA014250000;| |ID0241;FA014250000;|1|ID0241;|FA014250000; "
+        "|FA014250000;|1|FA014250000;| "
+        "|ID0241;FA014250000;|1|ID0241;|FA014250000; "
         "FA0142|50000;|1|FA014250000;| |FA014250000;?;|1|FA014250000;| "
-        "|?;FA014250000;|1|FA014250000;| |?;|0||?; FA01|42?;50000;|1|FA014250000;|";
+        "|?;FA014250000;|1|FA014250000;| |?;|0||?; "
+        "FA01|42?;50000;|1|FA014250000;|";
     for (const QString& c : cases.split(' ')) {
         SCOPED_TRACE(c.toStdString());
         const QStringList t = c.split('|');
@@ -160,8 +165,8 @@ TEST_F(Link, TextFramingCollectsOneReply) {
     }
 }
 
-// A silent rig costs about 125 ms; a fragment waits for its end while its bytes keep coming,
-// each within half a second.
+// A silent rig costs about 125 ms; a fragment waits for its end while its bytes
+// keep coming, each within half a second.
 TEST_F(Link, ATextReadWaitsOnlyWhileBytesKeepComing) {
     uint32_t start = h.clock.now;
     EXPECT_FALSE(ReceiveData(h.c));
@@ -176,9 +181,7 @@ TEST_F(Link, ATextReadWaitsOnlyWhileBytesKeepComing) {
     EXPECT_TRUE(ReceiveData(h.c));
     EXPECT_EQ(h.c.s.TextReply, "FA014250000;");
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
-}
-
-TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
+    // Resynchronisation throws away what was buffered.
     h.c.s.ReceiveBuffer = "MD02;";
     h.c.s.TextResyncNeeded = true;
     port().arrive(0, "FA007000000;");
@@ -188,21 +191,22 @@ TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
 }
 
 // Opening the ports.
-TEST_F(Link, AnUnavailablePortGivesTheMessageAndTheSystemReason) {
+TEST_F(Link, EachRigOpensWithItsHandshakeAndLinesAndAnUnavailablePortSaysWhy) {
     port().close();
     port().failReason = "Permission denied (add your user to dialout)";
     OpenPorts(h.c, "/dev/ttyUSB7", "4800,N,8,2");
     EXPECT_FALSE(port().isOpen());
     ASSERT_EQ(h.dialogs.messages.size(), 1u);
     EXPECT_EQ(h.dialogs.messages[0].text,
-              "COM Port /dev/ttyUSB7 is not available. It may be in use by another program\r\n"
-              "If yes, then close that program and retry by clicking the On/Off button.\r\n"
+              "COM Port /dev/ttyUSB7 is not available. It may be in use by "
+              "another program\r\n"
+              "If yes, then close that program and retry by clicking the On/Off "
+              "button.\r\n"
               "If no, then change the CommPort to another port and try again.");
     EXPECT_TRUE(h.c.frmErrorList.txtErrors.text.contains("Permission denied"));
-}
-
-// The FT-450 opens with handshaking and RTS raised; the others without, their lines as stored.
-TEST_F(Link, EachRigOpensWithItsHandshakeAndLines) {
+    // The FT-450 opens with handshaking and RTS raised; the others without, their
+    // lines as stored.
+    port().failReason.clear();
     h.c.s.RaiseRTS = "N";
     h.c.s.RaiseDTR = "Y";
     OpenPorts(h.c, "2", "4800,N,8,2");
@@ -217,15 +221,17 @@ TEST_F(Link, EachRigOpensWithItsHandshakeAndLines) {
     EXPECT_EQ(port().openedSettings, "38400,N,8,2");
 }
 
-// The extra PTT port is compared with the main port by the device they name: on the main
-// port it is disabled for the run, unsaved; one that cannot be had gives its message and the
-// system's reason, and the main port stays open.
+// The extra PTT port is compared with the main port by the device they name: on
+// the main port it is disabled for the run, unsaved; one that cannot be had
+// gives its message and the system's reason, and the main port stays open.
 TEST(ExtraPttPort, OpensOnlyBesideTheMainPort) {
     const char* const samePort = "The Extra PTT port must be different to the main Com port";
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"2", "2", "",
-         "The Extra PTT port must be different to the main Com port (port 2)\r\n"
-         "The Extra PTT port feature has been disabled. Use the Settings screen to re-enable."},
+         "The Extra PTT port must be different to the main Com port "
+         "(port 2)\r\n"
+         "The Extra PTT port feature has been disabled. Use the "
+         "Settings screen to re-enable."},
         {"1", "/dev/ttyS0", "", samePort},
         {"/dev/ttyS1", "2", "", samePort},
         {"sim", "SIM", "", samePort},
@@ -252,8 +258,9 @@ TEST(ExtraPttPort, OpensOnlyBesideTheMainPort) {
     }
 }
 
-// While the link is dead every tick reopens the ports: the lines go with each opening, no port
-// is let go, no line goes up, and the extra PTT port is opened once, without a trial opening.
+// While the link is dead every tick reopens the ports: the lines go with each
+// opening, no port is let go, no line goes up, and the extra PTT port is opened
+// once, without a trial opening.
 TEST(Recovery, ReopeningKeepsTheLinesLowThroughout) {
     ScriptedRig h(RigFT817);
     h.c.s.ExtraPttPortEnabled = true;

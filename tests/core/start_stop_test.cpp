@@ -1,4 +1,5 @@
-// Start-up, connections and the program's end, against the simulated rigs on virtual time.
+// Start-up, connections and the program's end, against the simulated rigs on
+// virtual time.
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "link/serial_link.h"
@@ -9,8 +10,8 @@
 namespace veldor::test {
 namespace {
 
-// A configuration takes its name from the command line and keeps a store of its own; the
-// window's stored place is kept while it is on the screen.
+// A configuration takes its name from the command line and keeps a store of its
+// own; the window's stored place is kept while it is on the screen.
 TEST(Configurations, TakeTheirNameFromTheCommandLineAndKeepSeparateStores) {
     const std::tuple<const char*, const char*, const char*, const char*, const char*, int, int>
         cases[] = {{"", "VELDOR", "", "300", "450", 300, 450},
@@ -37,8 +38,9 @@ TEST(Configurations, TakeTheirNameFromTheCommandLineAndKeepSeparateStores) {
     EXPECT_EQ(st.c.s.RigType, "FT817");
 }
 
-// The defaults of a first run; a folder is asked for when none is stored or the stored one is
-// gone, and a cancel keeps the stored text. A rig not set stays out of the store at the end.
+// The defaults of a first run; a folder is asked for when none is stored or the
+// stored one is gone, and a cancel keeps the stored text. A rig not set stays
+// out of the store at the end.
 TEST(FirstRun, StartsWithDefaultsAndAsksForAFolder) {
     for (const bool gone : {false, true}) {
         Harness h;
@@ -66,8 +68,8 @@ TEST(FirstRun, StartsWithDefaultsAndAsksForAFolder) {
     }
 }
 
-// What each rig is sent when a connection opens (then the first reading of frequency and
-// mode: 03, or the block 10) and closes.
+// What each rig is sent when a connection opens (then the first reading of
+// frequency and mode: 03, or the block 10) and closes.
 TEST(TakeAndRelease, SendEachRigsOpeningAndClosingBytes) {
     const std::tuple<QString, const char*, const char*, const char*> cases[] = {
         {RigFT847, "N", "0000000000 0000000003", "0000000080"},
@@ -75,11 +77,8 @@ TEST(TakeAndRelease, SendEachRigsOpeningAndClosingBytes) {
         {RigFRG100, "N", "0000000005 000000020e 0000000210", ""},
         {RigFRG100, "Y", "0000000005 000000020e 0000000120 0000000210", "0000000020"},
         {RigFT817, "Y", "0000000003", ""},
-        {RigFT817ND, "N", "0000000003", ""},
         {RigFT857, "N", "0000000003", ""},
-        {RigFT857D, "N", "0000000003", ""},
         {RigFT897, "N", "0000000003", ""},
-        {RigFT897D, "N", "0000000003", ""},
         {RigFT920, "N", "0000000210", ""},
         {RigFT1000MP, "Y", "0000000210", ""}};
     for (const auto& [rig, autoPowerOff, on, off] : cases) {
@@ -100,27 +99,29 @@ TEST(TakeAndRelease, SendEachRigsOpeningAndClosingBytes) {
     }
 }
 
-// The FT-450 is taken on VFO A when it names either model; one that names another, stays
-// silent or refuses the identification is reported and not polled, though formally on.
+// The FT-450 is taken on VFO A when it names either model; one that names
+// another, stays silent or refuses the identification is reported and not
+// polled, though formally on.
 TEST(TakeControl, TheFt450IsTakenOnlyWhenItNamesItsModel) {
     const char* const noCommunication =
-        "TakeControl: no communication with radio - check cabling and Com setup\r\n";
+        "TakeControl: no communication with "
+        "radio - check cabling and Com setup\r\n";
     struct Case {
         const char* id;  // none: the identification is refused
         bool silent;
         const char* errors;
         const char* timeouts;
     };
-    const Case cases[] = {
-        {"0241", false, "", "0"},
-        {"0244", false, "", "0"},
-        {"0123", false,
-         "TakeControl: FT-450 not recognised - check cabling and Com setup\r\n"
-         "TakeControl: ID received was 0123\r\n",
-         "0"},
-        // The identification and then the first reading of the frequency went unanswered.
-        {"0241", true, noCommunication, "2"},
-        {nullptr, false, noCommunication, "0"}};  // a rejection is not a timeout
+    const Case cases[] = {{"0241", false, "", "0"},
+                          {"0244", false, "", "0"},
+                          {"0123", false,
+                           "TakeControl: FT-450 not recognised - check cabling and Com setup\r\n"
+                           "TakeControl: ID received was 0123\r\n",
+                           "0"},
+                          // The identification and then the first reading of the frequency went
+                          // unanswered.
+                          {"0241", true, noCommunication, "2"},
+                          {nullptr, false, noCommunication, "0"}};  // a rejection is not a timeout
     for (const Case& t : cases) {
         SCOPED_TRACE(t.id ? t.id : "refused");
         Station st(RigFT450, !t.id);
@@ -150,8 +151,8 @@ TEST(TakeControl, TheFt450IsTakenOnlyWhenItNamesItsModel) {
     }
 }
 
-// With no rig the settings open instead. On and off enable and reset the connection controls,
-// and a switch off during a scan is refused.
+// With no rig the settings open instead. On and off enable and reset the
+// connection controls, and a switch off during a scan is refused.
 TEST(OnOff, SwitchingOnEnablesAndSwitchingOffResetsTheConnectionControls) {
     Station none(RigNotSet);
     none.load();
@@ -183,9 +184,9 @@ TEST(OnOff, SwitchingOnEnablesAndSwitchingOffResetsTheConnectionControls) {
     EXPECT_FALSE(st.c.p.MSComm1->isOpen());
 }
 
-// Nothing while the rig transmits; then, even from a wait of the tick's reading, the rig is
-// released, the rest of the tick does not take it again, and what is saved only at the end is
-// saved.
+// Nothing while the rig transmits; then, even from a wait of the tick's
+// reading, the rig is released, the rest of the tick does not take it again,
+// and what is saved only at the end is saved.
 TEST(Unload, ReleasesTheRigAndSavesWhatIsSavedOnlyAtTheEnd) {
     Station st(RigFT847);
     st.load();

@@ -13,8 +13,9 @@
 namespace veldor::test {
 namespace {
 
-// A scripted rig with the window fitted to it, acknowledging each binary command; what it
-// was sent reads as text for the FT-450 and as hex for the others.
+// A scripted rig with the window fitted to it, acknowledging each binary
+// command; what it was sent reads as text for the FT-450 and as hex for the
+// others.
 struct Fitted : Wire {
     explicit Fitted(const QString& rig, const QByteArray& reply = Bytes({0}))
         : Wire(rig, rig == RigFT450 ? QByteArray() : reply) {
@@ -70,7 +71,8 @@ TEST(ToneValues, AnIndexBeyondTheListIsARunTimeErrorThatStopsPolling) {
     tmrPollInterval_Timer(st.c);
     ASSERT_FALSE(st.dialogs.messages.empty());
     EXPECT_EQ(st.dialogs.messages.back().text,
-              "Error 9 (Subscript out of range) in procedure tmrPollInterval_Timer of Form Form1");
+              "Error 9 (Subscript out of range) in procedure "
+              "tmrPollInterval_Timer of Form Form1");
     EXPECT_FALSE(st.pollTimer.on);
 }
 
@@ -205,8 +207,9 @@ struct Keying : Fitted {
     }
 };
 
-// A click raises the switch for the next tick and shows it; an extra PTT port switches at once
-// (DTR, or both lines), and with only RTS to key it takes the place of the rig's switch.
+// A click raises the switch for the next tick and shows it; an extra PTT port
+// switches at once (DTR, or both lines), and with only RTS to key it takes the
+// place of the rig's switch.
 TEST(TxRxButton, RaisesTheSwitchForTheNextTickAndShowsIt) {
     const std::tuple<bool, int, const char*, bool, bool> cases[] = {
         {false, 0, "N", false, false}, {true, 0, "N", true, false}, {true, 2, "Y", true, true}};
@@ -248,9 +251,9 @@ TEST(TxRxButton, IsDeadWithoutTransmitEnableOrDuringAScan) {
     EXPECT_FALSE(k.c.s.PttOnPending);
 }
 
-// Each route keys, unkeys and keys again, one click each, and keys nothing else; a change of
-// TX enable unkeys it. Keyed, as three digits: the rig by CAT, RTS of the rig's port, the
-// extra PTT port's RTS.
+// Each route keys, unkeys and keys again, one click each, and keys nothing
+// else; a change of TX enable unkeys it. Keyed, as three digits: the rig by
+// CAT, RTS of the rig's port, the extra PTT port's RTS.
 TEST(TxRxButton, UnkeysWhatItKeyedOnEachRoute) {
     const std::tuple<const char*, bool, const char*> routes[] = {
         {"N", false, "100"}, {"Y", false, "010"}, {"Y", true, "001"}};

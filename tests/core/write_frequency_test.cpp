@@ -1,5 +1,5 @@
-// Frequency and mode writes: the nearest mode, the bytes of every rig, the order of tone and
-// frequency, and the mode buttons.
+// Frequency and mode writes: the nearest mode, the bytes of every rig, the
+// order of tone and frequency, and the mode buttons.
 #include "protocol/write_frequency.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -64,9 +64,9 @@ TEST(SetFrequencyAndMode, CodesTheFrequencyInEachRigsForm) {
     }
 }
 
-// The mode goes only when it changes, and alone when the frequency is outside the rig. The
-// FT-817 reads an acknowledgement after each command (a silent rig: each times out), the
-// FT-847 none.
+// The mode goes only when it changes, and alone when the frequency is outside
+// the rig. The FT-817 reads an acknowledgement after each command (a silent
+// rig: each times out), the FT-847 none.
 TEST(SetFrequencyAndMode, SendsTheModeOnlyWhenItChanges) {
     Wire w(RigFT817, Bytes({0}));
     Write(w, 1425000, "LSB");
@@ -91,7 +91,8 @@ TEST(SetFrequencyAndMode, SendsTheModeOnlyWhenItChanges) {
     EXPECT_FALSE(ft847.c.s.ReplyTimedOut);
 }
 
-// The mode command of each rig; the FT-450's user LSB goes without its semicolon.
+// The mode command of each rig; the FT-450's user LSB goes without its
+// semicolon.
 TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"FT817", "FMN", "08 00 00 00 07"},     {"FT857", "FMN", "88 00 00 00 07"},
@@ -111,7 +112,7 @@ TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     }
 }
 
-TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
+TEST(Vr5000, SendsModeWithStepAndKeepsFrequencyAndMode) {
     Wire w(RigVR5000);
     w.c.s.StepWAM = 0x63;
     Write(w, 1425000, "WAM");
@@ -130,10 +131,26 @@ TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
     EXPECT_EQ(w.hex(), "88 14 00 00 37 00 de 21 3c 31");
     EXPECT_EQ(w.c.s.VR5000ModeSub, "f");
     EXPECT_EQ(w.c.s.VR5000FrequencySub, 14557500);
+    // Its mode buttons send the mode with the step and remember the channel.
+    Wire v(RigVR5000);
+    v.c.f.txtVfoA.text = "14.250.00";
+    v.c.s.StepUSB = 0x02;
+    v.c.s.ModeButtonIndex = 7;
+    ApplyModeButton(v.c);
+    EXPECT_EQ(v.hex(), "01 02 00 00 07");
+    EXPECT_EQ(v.c.f.txtMode.text, "USB");
+    EXPECT_EQ(v.c.s.VR5000Step, 10);
+    EXPECT_EQ(v.stored("Settings", "VR5000LastFreqMode"), "14.250u00");
+    // A member the receiver has no button for changes nothing.
+    v.clear();
+    v.c.s.ModeButtonIndex = 5;
+    ApplyModeButton(v.c);
+    EXPECT_TRUE(v.hex().isEmpty());
+    EXPECT_EQ(v.c.s.LastModeSent, "USB");
 }
 
-// Tones: on before the frequency, off after it, and after it when the decoder was on; none
-// from the rigs without tones.
+// Tones: on before the frequency, off after it, and after it when the decoder
+// was on; none from the rigs without tones.
 TEST(SetFrequencyAndMode, SendsTonesInTheirOrderAroundTheFrequency) {
     const std::tuple<const char*, const char*, const char*, const char*, int32_t, const char*>
         cases[] = {
@@ -213,24 +230,6 @@ TEST(ModeButtons, TheFt847NarrowButtonNarrowsTheModeShown) {
         ApplyModeButton(w.c);
         EXPECT_EQ(w.hex(), sent);
     }
-}
-
-TEST(ModeButtons, Vr5000ButtonsSendModeAndStepAndRememberTheChannel) {
-    Wire w(RigVR5000);
-    w.c.f.txtVfoA.text = "14.250.00";
-    w.c.s.StepUSB = 0x02;
-    w.c.s.ModeButtonIndex = 7;
-    ApplyModeButton(w.c);
-    EXPECT_EQ(w.hex(), "01 02 00 00 07");
-    EXPECT_EQ(w.c.f.txtMode.text, "USB");
-    EXPECT_EQ(w.c.s.VR5000Step, 10);
-    EXPECT_EQ(w.stored("Settings", "VR5000LastFreqMode"), "14.250u00");
-    // A member the receiver has no button for changes nothing.
-    w.clear();
-    w.c.s.ModeButtonIndex = 5;
-    ApplyModeButton(w.c);
-    EXPECT_TRUE(w.hex().isEmpty());
-    EXPECT_EQ(w.c.s.LastModeSent, "USB");
 }
 
 TEST(ModeButtons, AClickSendsNothingUntilTheNextTickNorWhileSwitchedOff) {
