@@ -1,5 +1,5 @@
-// Reading frequency and mode from every rig, through the simulated rigs and through bytes
-// written by hand from the rigs' manuals.
+// Reading frequency and mode from every rig, through the simulated rigs and
+// through bytes written by hand from the rigs' manuals.
 #include "protocol/read_frequency.h"
 #include "basic/basic.h"
 #include "cycle/poll_cycle.h"
@@ -22,6 +22,10 @@ struct OnAir : Station {
     }
 };
 
+// Each rig's frequency and mode, through the simulated rig and again after it
+// moves; then replies written by hand: the FT-817's mode byte; zero is a good
+// frequency; a short reply and an FT-1000MP record whose byte 1 is above 2E
+// change nothing, and say nothing.
 TEST(ReadFrequency, ShowsEachRigsFrequencyAndMode) {
     const std::tuple<QString, int64_t, const char*, const char*> cases[] = {
         {RigFT817, 14250000, "USB", "14.250.00"},   {RigFT817ND, 145500000, "FM", "145.500.00"},
@@ -36,10 +40,25 @@ TEST(ReadFrequency, ShowsEachRigsFrequencyAndMode) {
         EXPECT_EQ(h.c.f.txtMode.text, mode);
         EXPECT_EQ(h.c.s.CurrentFrequency, hz / 10);
         EXPECT_EQ(h.c.s.TuningFrequency, hz / 10);
-        // And again after the rig moves.
         h.rig().state().frequencyHz = 7074000;
         ReadFrequencyAndMode(h.c);
         EXPECT_EQ(h.c.f.txtVfoA.text, "7.074.00");
+    }
+    const std::tuple<QString, const char*, const char*> replies[] = {
+        {RigFT817, "0000000006", ".000.00 FM"},
+        {RigFT817, "000000008a", ".000.00 DIG"},
+        {RigFT817, "0000000083", ".000.00 CWRN"},
+        {RigFT847, "0000000001", ".000.00 USB"},
+        {RigFT817, "014250", "1.000.00 "},
+        {RigFT1000MP, "002f0000000000000000000000000000", "1.000.00 "}};
+    for (const auto& [rig, reply, shown] : replies) {
+        SCOPED_TRACE(reply);
+        ScriptedRig h(rig);
+        h.c.f.txtVfoA.text = "1.000.00";
+        h.replies(QByteArray::fromHex(reply));
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.f.txtVfoA.text + " " + h.c.f.txtMode.text, shown);
+        EXPECT_TRUE(h.dialogs.messages.empty());
     }
 }
 
@@ -51,69 +70,36 @@ TEST(ReadFrequency, TheVr5000IsNeverRead) {
     EXPECT_EQ(h.c.f.txtVfoA.text, "");
 }
 
-TEST(BadFrequency, IsReportedAndStopsTheNextAutoStart) {
+// A bad frequency is reported, changes nothing and stops the next auto start; a
+// good one in between starts the count again, and the third in a row ends the
+// program with nothing saved.
+TEST(BadFrequency, IsReportedAndTheThirdInARowEndsTheProgram) {
     ScriptedRig h(RigFT817);
     h.c.f.txtVfoA.text = "7.000.00";
-    h.c.s.CurrentFrequency = 700000;
-    h.replies(QByteArray::fromHex("01425a0001"));
-    ReadFrequencyAndMode(h.c);
-    ASSERT_EQ(h.dialogs.messages.size(), 1u);
+    const std::tuple<const char*, const char*, int> readings[] = {{"01425a0001", "7.000.00", 1},
+                                                                  {"0142500001", "14.250.00", 0},
+                                                                  {"014250f001", "14.250.00", 1},
+                                                                  {"01425a0001", "14.250.00", 2},
+                                                                  {"01425a0001", "14.250.00", 3}};
+    for (const auto& [reply, shown, count] : readings) {
+        SCOPED_TRACE(reply);
+        h.replies(QByteArray::fromHex(reply));
+        ReadFrequencyAndMode(h.c);
+        EXPECT_EQ(h.c.f.txtVfoA.text, shown);
+        EXPECT_EQ(h.system.aborted, count == 3);
+        if (count < 3) {
+            EXPECT_EQ(h.c.s.BadFrequencyCount, count);
+        }
+    }
+    ASSERT_FALSE(h.dialogs.messages.empty());
     EXPECT_EQ(h.dialogs.messages[0].text,
-              "Bad frequency from rig - 01425A00\r\nData flow between PC and rig will be "
+              "Bad frequency from rig - 01425A00\r\nData flow between PC and rig "
+              "will be "
               "re-synchronised.");
     EXPECT_EQ(h.stored("Settings", "AutoStart"), "No");
-    EXPECT_EQ(h.c.s.CurrentFrequency, 700000);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "7.000.00");
-    EXPECT_FALSE(h.system.aborted);
-}
-
-TEST(BadFrequency, TheThirdInARowEndsTheProgramWithNothingSaved) {
-    ScriptedRig h(RigFT857);
-    h.replies(QByteArray::fromHex("014250f001"));
-    ReadFrequencyAndMode(h.c);
-    ReadFrequencyAndMode(h.c);
-    EXPECT_FALSE(h.system.aborted);
-    ReadFrequencyAndMode(h.c);
-    EXPECT_TRUE(h.system.aborted);
     EXPECT_FALSE(h.system.ended);  // no orderly end: nothing else is saved
     EXPECT_TRUE(h.dialogs.messages.back().text.startsWith(
         "We have received 3 consecutive bad frequencies. There is probably\r\n"));
-}
-
-// The simulator's corrupt digit is caught, and a good reading in between starts the count
-// again.
-TEST(BadFrequency, AGoodOneInBetweenStartsTheCountAgain) {
-    OnAir h(RigFT817, 14250000, "USB");
-    h.rig().state().frequencyHz = 7074000;
-    bool good = false;
-    for (const int count : {1, 2, 0, 1, 2}) {
-        good = good || count == 0;
-        h.rig().faults().corruptDigitReplies = count == 0 ? 0 : 1;
-        ReadFrequencyAndMode(h.c);
-        EXPECT_EQ(h.c.s.BadFrequencyCount, count);
-        EXPECT_EQ(h.c.f.txtVfoA.text, good ? "7.074.00" : "14.250.00");
-    }
-    EXPECT_FALSE(h.system.aborted);
-}
-
-// Replies written by hand: the FT-817's mode byte; zero is a good frequency; a short reply and
-// an FT-1000MP record whose byte 1 is above 2E change nothing, and say nothing.
-TEST(ReadFrequency, ShowsWhatTheReplySays) {
-    const std::tuple<QString, const char*, const char*> cases[] = {
-        {RigFT817, "0000000006", ".000.00 FM"},
-        {RigFT817, "000000008a", ".000.00 DIG"},
-        {RigFT817, "0000000083", ".000.00 CWRN"},
-        {RigFT847, "0000000001", ".000.00 USB"},
-        {RigFT817, "014250", "1.000.00 "},
-        {RigFT1000MP, "002f0000000000000000000000000000", "1.000.00 "}};
-    for (const auto& [rig, reply, shown] : cases) {
-        ScriptedRig h(rig);
-        h.c.f.txtVfoA.text = "1.000.00";
-        h.replies(QByteArray::fromHex(reply));
-        ReadFrequencyAndMode(h.c);
-        EXPECT_EQ(h.c.f.txtVfoA.text + " " + h.c.f.txtMode.text, shown) << reply;
-        EXPECT_TRUE(h.dialogs.messages.empty()) << reply;
-    }
 }
 
 TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
@@ -134,7 +120,7 @@ TEST(Ft1000Mp, RoundsHalfToEvenAndLightsTheFilters) {
     EXPECT_EQ(h.c.f.cmdFT1000MP_Filter_455[4].backColour, White);
 }
 
-TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheLabel) {
+TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheMetersShowVfoB) {
     ScriptedRig h(RigFT920);
     QByteArray block(28, '\0');
     block[1] = 0x00, block[2] = static_cast<char>(0xD9), block[3] = 0x70, block[4] = 0x10;
@@ -145,16 +131,15 @@ TEST(Ft920, TheNarrowFlagLightsTheButtonAndTheLabel) {
     EXPECT_EQ(h.c.f.txtMode.text, "FMN");
     EXPECT_EQ(h.c.f.Command2[6].backColour, PaleGreen);
     EXPECT_TRUE(h.c.f.lblNarrow.visible);
-}
-
-TEST(Ft920, WithTheMetersOpenASecondReadHoldsVfoB) {
-    OnAir h(RigFT920, 14250000, "USB");
-    h.rig().state().vfoBHz = 7050000;
-    h.c.s.MetersVisible = true;
-    ReadFrequencyAndMode(h.c);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");  // the main display keeps VFO A
-    EXPECT_EQ(h.c.frmMeters.lblVFOB.caption, "7.050.00");
-    EXPECT_EQ(h.c.s.CurrentFrequency, 705000);  // until the next reading
+    // With the meters open a second read holds VFO B, kept until the next
+    // reading.
+    OnAir st(RigFT920, 14250000, "USB");
+    st.rig().state().vfoBHz = 7050000;
+    st.c.s.MetersVisible = true;
+    ReadFrequencyAndMode(st.c);
+    EXPECT_EQ(st.c.f.txtVfoA.text, "14.250.00");  // the main display keeps VFO A
+    EXPECT_EQ(st.c.frmMeters.lblVFOB.caption, "7.050.00");
+    EXPECT_EQ(st.c.s.CurrentFrequency, 705000);
 }
 
 TEST(Ft450, ReadsTheIfReplysPositions) {
@@ -179,21 +164,21 @@ TEST(Ft450, ReadsTheIfReplysPositions) {
     }
 }
 
-TEST(Ft450, AReplyOfTheWrongKindAsksForResynchronisation) {
-    ScriptedRig h(RigFT450);
-    h.replies("MD02;");
-    h.c.f.txtVfoA.text = "1.000.00";
-    ReadFrequencyAndMode(h.c);
-    EXPECT_TRUE(h.c.s.TextResyncNeeded);
-    EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
-}
-
-TEST(Ft450, AShortReplyOfAnyLengthIsSurvived) {
-    for (const char* reply : {"IF;", "IF0011425;", "IF00114250000+00000;", "I;"}) {
+// A reply of another kind asks for resynchronisation; a short one of any length
+// is survived.
+TEST(Ft450, AWrongOrShortReplyIsSurvived) {
+    for (const char* reply : {"MD02;", "IF;", "IF0011425;", "IF00114250000+00000;", "I;"}) {
+        SCOPED_TRACE(reply);
         ScriptedRig h(RigFT450);
+        h.c.f.txtVfoA.text = "1.000.00";
         h.replies(reply);
         ReadFrequencyAndMode(h.c);
-        EXPECT_EQ(h.c.f.txtMode.text.isEmpty(), QByteArray(reply).size() < 3) << reply;
+        if (*reply == 'M') {
+            EXPECT_TRUE(h.c.s.TextResyncNeeded);
+            EXPECT_EQ(h.c.f.txtVfoA.text, "1.000.00");
+        } else {
+            EXPECT_EQ(h.c.f.txtMode.text.isEmpty(), QByteArray(reply).size() < 3);
+        }
     }
 }
 
@@ -232,9 +217,10 @@ int Readings(Harness& h) {
     return static_cast<int>(h.rigReceived().count(QByteArray::fromHex("0000000003")));
 }
 
-// With polling off nothing is read until "Update now", which reads once; the tone lights are
-// refreshed at each tick all the same.
-TEST(Polling, NoPollingReadsNothingUntilUpdateNowButRefreshesTheToneLights) {
+// With polling off nothing is read until "Update now", which reads once; the
+// tone lights are refreshed at each tick all the same. Polling on, a reading
+// falls due after the end of the last one.
+TEST(Polling, ReadsOnlyWhenDue) {
     OnAir h(RigFT817, 145500000, "FM");
     SetPollingDelay(h.c, 99);
     EXPECT_EQ(h.stored("Settings", "PollingDelay"), "99");
@@ -255,22 +241,17 @@ TEST(Polling, NoPollingReadsNothingUntilUpdateNowButRefreshesTheToneLights) {
     EXPECT_EQ(Readings(h), 1);
     PerformStatusUpdate(h.c);
     EXPECT_EQ(Readings(h), 1);  // one reading only
-}
-
-TEST(Polling, AReadingFallsDueAfterTheEndOfTheLastOne) {
-    OnAir h(RigFT817, 14250000, "USB");
     SetPollingDelay(h.c, 5000);
     h.c.s.NextPollTime = h.clock.now;
-    h.rig().clearTrace();
     PerformStatusUpdate(h.c);
     const uint32_t ended = h.clock.now;
-    EXPECT_EQ(Readings(h), 1);
+    EXPECT_EQ(Readings(h), 2);
     h.clock.now = ended + 4999;
     PerformStatusUpdate(h.c);
-    EXPECT_EQ(Readings(h), 1);
+    EXPECT_EQ(Readings(h), 2);
     h.clock.now = ended + 5000;
     PerformStatusUpdate(h.c);
-    EXPECT_EQ(Readings(h), 2);
+    EXPECT_EQ(Readings(h), 3);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The serial link on virtual time: frames, delays, busy flags, reply collection, text
-// framing, port opening and frequency coding.
+// The serial link on virtual time: frames, delays, busy flags, reply
+// collection, text framing, port opening and frequency coding.
 #include "link/serial_link.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -27,6 +27,9 @@ class Link : public ::testing::Test {
     Harness h;
 };
 
+// A frame goes in index order after a quarter of the delay, the whole delay
+// while scanning; the events run even with no delay; with "clear buffer" the
+// input is emptied first.
 TEST_F(Link, SendCommandWritesTheFrameInIndexOrderAfterAQuarterOfTheDelay) {
     h.c.f.sldCMDdelay.value = 103;  // a quarter is 25 ms, by integer division
     h.c.s.CommandBytes = {0x01, 0x42, 0x50, 0x00, 0xEE};
@@ -34,18 +37,18 @@ TEST_F(Link, SendCommandWritesTheFrameInIndexOrderAfterAQuarterOfTheDelay) {
     ASSERT_EQ(port().written.size(), 1u);
     EXPECT_EQ(port().written[0].bytes, Bytes({0x01, 0x42, 0x50, 0x00, 0x01}));
     EXPECT_FALSE(h.c.s.SendBusy);
-}
-
-TEST_F(Link, SendCommandPaysTheWholeDelayWhileScanningAndLetsEventsRunEvenWithNone) {
-    h.c.f.sldCMDdelay.value = 103;
+    port().written.clear();
     h.c.s.ScanRunning = true;
     EXPECT_EQ(waitOfSend(), 103u);
     h.c.s.ScanRunning = false;
     h.c.f.sldCMDdelay.value = 3;  // a quarter of 3 is 0
     port().written.clear();
     const int pumps = h.pump.pumps;
+    h.c.s.ClearBuffer = "Y";
+    port().arrive(0, Bytes({0x99}));
     EXPECT_EQ(waitOfSend(), 0u);
     EXPECT_EQ(h.pump.pumps - pumps, 1);
+    EXPECT_EQ(port().inBufferCount(), 0);
 }
 
 TEST_F(Link, ACommandToAPortClosedBeforeOrDuringTheDelayIsDropped) {
@@ -78,24 +81,22 @@ TEST_F(Link, SendTextEmptiesTheInputAndIgnoresTheBusyFlags) {
     EXPECT_EQ(port().inBufferCount(), 0);
 }
 
-TEST_F(Link, AReplyInPiecesIsCollectedWithinTheHundredPolls) {
-    const uint32_t start = h.clock.now;
+// A reply in pieces ends with its last byte, the first bytes end no pause; one
+// already there ends after the events have run. Surplus bytes stay in the port
+// for the next read.
+TEST_F(Link, AReplyInPiecesEndsWithItsLastByte) {
+    uint32_t start = h.clock.now;
     port().arrive(start + 12, Bytes({0x01, 0x42}));
     port().arrive(start + 303, Bytes({0x50, 0x00, 0x01, 0x99}));
     ReadResponse(h.c, 5);
     EXPECT_FALSE(h.c.s.ReplyTimedOut);
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0x01, 0x42, 0x50, 0x00, 0x01}));
-    // The pause in which the last byte came ends with it; the first bytes end none.
     EXPECT_EQ(h.clock.now - start, 303u);
     EXPECT_FALSE(h.c.s.ReceiveBusy);
-    // Surplus bytes stay in the port for the next read.
     ReadResponse(h.c, 1);
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0x99}));
-}
-
-TEST_F(Link, AReadEndsAsSoonAsItsBytesAreThereAfterTheEventsHaveRun) {
     for (const uint32_t after : {0u, 3u, 5u, 7u}) {
-        const uint32_t start = h.clock.now;
+        start = h.clock.now;
         const int pumps = h.pump.pumps;
         port().arrive(start + after, Bytes({0x00}));
         ReadResponse(h.c, 1);
@@ -105,6 +106,10 @@ TEST_F(Link, AReadEndsAsSoonAsItsBytesAreThereAfterTheEventsHaveRun) {
     }
 }
 
+// A lost or short reply times out after about half a second and counts in red;
+// a lost one leaves the former reply, which is why callers test the flag first.
+// Switching off during a read ends it as a timeout with the counter back at
+// zero; a read of the closed port gives one byte and leaves the flag as it was.
 TEST_F(Link, ALostOrShortReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {
     h.c.s.ReplyBytes = Bytes({0x11, 0x22});
     h.c.f.lblTimeoutCount.caption = "4";
@@ -114,7 +119,6 @@ TEST_F(Link, ALostOrShortReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {
     EXPECT_EQ(h.clock.now - start, 505u);
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "5");
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
-    // Nothing came: the former reply stays, which is why callers test the flag first.
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0x11, 0x22}));
     EXPECT_FALSE(h.c.s.ReceiveBusy);
     port().arrive(0, Bytes({0x01, 0x42, 0x50}));
@@ -122,18 +126,7 @@ TEST_F(Link, ALostOrShortReplyTimesOutAfterAboutHalfASecondAndCountsInRed) {
     EXPECT_TRUE(h.c.s.ReplyTimedOut);
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0x01, 0x42, 0x50}));
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "6");
-}
-
-TEST_F(Link, ClearBufferEmptiesTheInputBeforeEachSend) {
-    h.c.s.ClearBuffer = "Y";
-    port().arrive(0, Bytes({0x99}));
-    SendCommand(h.c, 0x03);
-    EXPECT_EQ(port().inBufferCount(), 0);
-}
-
-TEST_F(Link, SwitchingOffDuringAReadEndsItAsATimeoutAndPutsTheCounterBackToZero) {
-    h.c.f.lblTimeoutCount.caption = "7";
-    h.c.s.ReplyBytes = Bytes({1, 2, 3, 4, 5});  // the last reply
+    h.c.s.ReplyTimedOut = false;
     h.pump.at(h.clock.now + 100, [&] {
         h.c.f.chkOnOff.value = 0;  // as chkOnOff_Click does
         port().close();
@@ -143,19 +136,21 @@ TEST_F(Link, SwitchingOffDuringAReadEndsItAsATimeoutAndPutsTheCounterBackToZero)
     EXPECT_EQ(h.c.s.ReplyBytes, Bytes({0}));
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, ButtonFace);
-    // Read again on the closed port: one byte, and the flag left as it was.
     ReadResponse(h.c, 5);
     EXPECT_EQ(h.c.s.ReplyBytes.size(), 1);
     EXPECT_TRUE(h.c.s.ReplyTimedOut);
 }
 
-// Text replies of the FT-450. Each case: what was left over from earlier reads, what arrives,
-// then whether a reply was taken, the reply, and what stays in the buffer.
+// Text replies of the FT-450. Each case: what was left over from earlier reads,
+// what arrives, then whether a reply was taken, the reply, and what stays in
+// the buffer.
 TEST_F(Link, TextFramingCollectsOneReply) {
     const QString cases =
-        "|FA014250000;|1|FA014250000;| |ID0241;FA014250000;|1|ID0241;|FA014250000; "
+        "|FA014250000;|1|FA014250000;| "
+        "|ID0241;FA014250000;|1|ID0241;|FA014250000; "
         "FA0142|50000;|1|FA014250000;| |FA014250000;?;|1|FA014250000;| "
-        "|?;FA014250000;|1|FA014250000;| |?;|0||?; FA01|42?;50000;|1|FA014250000;|";
+        "|?;FA014250000;|1|FA014250000;| |?;|0||?; "
+        "FA01|42?;50000;|1|FA014250000;|";
     for (const QString& c : cases.split(' ')) {
         SCOPED_TRACE(c.toStdString());
         const QStringList t = c.split('|');
@@ -170,8 +165,8 @@ TEST_F(Link, TextFramingCollectsOneReply) {
     }
 }
 
-// A silent rig costs about 125 ms; a fragment waits for its end while its bytes keep coming,
-// each within half a second.
+// A silent rig costs about 125 ms; a fragment waits for its end while its bytes
+// keep coming, each within half a second.
 TEST_F(Link, ATextReadWaitsOnlyWhileBytesKeepComing) {
     uint32_t start = h.clock.now;
     EXPECT_FALSE(ReceiveData(h.c));
@@ -186,9 +181,7 @@ TEST_F(Link, ATextReadWaitsOnlyWhileBytesKeepComing) {
     EXPECT_TRUE(ReceiveData(h.c));
     EXPECT_EQ(h.c.s.TextReply, "FA014250000;");
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "0");
-}
-
-TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
+    // Resynchronisation throws away what was buffered.
     h.c.s.ReceiveBuffer = "MD02;";
     h.c.s.TextResyncNeeded = true;
     port().arrive(0, "FA007000000;");
@@ -198,21 +191,22 @@ TEST_F(Link, ResynchronisationThrowsAwayWhatWasBuffered) {
 }
 
 // Opening the ports.
-TEST_F(Link, AnUnavailablePortGivesTheMessageAndTheSystemReason) {
+TEST_F(Link, EachRigOpensWithItsHandshakeAndLinesAndAnUnavailablePortSaysWhy) {
     port().close();
     port().failReason = "Permission denied (add your user to dialout)";
     OpenPorts(h.c, "/dev/ttyUSB7", "4800,N,8,2");
     EXPECT_FALSE(port().isOpen());
     ASSERT_EQ(h.dialogs.messages.size(), 1u);
     EXPECT_EQ(h.dialogs.messages[0].text,
-              "COM Port /dev/ttyUSB7 is not available. It may be in use by another program\r\n"
-              "If yes, then close that program and retry by clicking the On/Off button.\r\n"
+              "COM Port /dev/ttyUSB7 is not available. It may be in use by "
+              "another program\r\n"
+              "If yes, then close that program and retry by clicking the On/Off "
+              "button.\r\n"
               "If no, then change the CommPort to another port and try again.");
     EXPECT_TRUE(h.c.frmErrorList.txtErrors.text.contains("Permission denied"));
-}
-
-// The FT-450 opens with handshaking and RTS raised; the others without, their lines as stored.
-TEST_F(Link, EachRigOpensWithItsHandshakeAndLines) {
+    // The FT-450 opens with handshaking and RTS raised; the others without, their
+    // lines as stored.
+    port().failReason.clear();
     h.c.s.RaiseRTS = "N";
     h.c.s.RaiseDTR = "Y";
     OpenPorts(h.c, "2", "4800,N,8,2");
@@ -227,49 +221,46 @@ TEST_F(Link, EachRigOpensWithItsHandshakeAndLines) {
     EXPECT_EQ(port().openedSettings, "38400,N,8,2");
 }
 
-TEST_F(Link, AnExtraPttPortOnTheMainPortIsDisabledForTheRun) {
-    h.c.s.ExtraPttPortEnabled = true;
-    h.c.s.ExtraPttPort = "2";
-    OpenPorts(h.c, "2", "4800,N,8,2");
-    EXPECT_FALSE(h.c.s.ExtraPttPortEnabled);
-    ASSERT_EQ(h.dialogs.messages.size(), 1u);
-    EXPECT_EQ(h.dialogs.messages[0].text,
-              "The Extra PTT port must be different to the main Com port (port 2)\r\n"
-              "The Extra PTT port feature has been disabled. Use the Settings screen to "
-              "re-enable.");
-    EXPECT_FALSE(h.pttPort.isOpen());
-    EXPECT_EQ(h.stored("Settings", "ExtraPttPortEnabled"), "<missing>");
-}
-
-TEST(ExtraPttPort, IsComparedWithTheMainPortByTheDeviceTheyName) {
-    const std::tuple<const char*, const char*, bool> cases[] = {{"1", "/dev/ttyS0", true},
-                                                                {"/dev/ttyS1", "2", true},
-                                                                {"sim", "SIM", true},
-                                                                {"1", "3", false}};
-    for (const auto& [main, extra, same] : cases) {
+// The extra PTT port is compared with the main port by the device they name: on
+// the main port it is disabled for the run, unsaved; one that cannot be had
+// gives its message and the system's reason, and the main port stays open.
+TEST(ExtraPttPort, OpensOnlyBesideTheMainPort) {
+    const char* const samePort = "The Extra PTT port must be different to the main Com port";
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+        {"2", "2", "",
+         "The Extra PTT port must be different to the main Com port "
+         "(port 2)\r\n"
+         "The Extra PTT port feature has been disabled. Use the "
+         "Settings screen to re-enable."},
+        {"1", "/dev/ttyS0", "", samePort},
+        {"/dev/ttyS1", "2", "", samePort},
+        {"sim", "SIM", "", samePort},
+        {"1", "3", "", ""},
+        {"2", "3", "Device or resource busy", "PTT COM Port 3 is not available."}};
+    for (const auto& [main, extra, reason, message] : cases) {
+        SCOPED_TRACE(std::string(main) + " " + extra);
         Harness h(true);
         h.c.s.ExtraPttPortEnabled = true;
         h.c.s.ExtraPttPort = extra;
+        h.pttPort.failReason = reason;
         OpenPorts(h.c, main, "4800,N,8,2");
-        EXPECT_EQ(h.pttPort.isOpen(), !same) << main << " " << extra;
-        EXPECT_EQ(h.pttPort.openedName, same ? "" : extra);
+        const bool same = QString(message).startsWith(samePort);
+        EXPECT_EQ(h.c.s.ExtraPttPortEnabled, !same);
+        EXPECT_EQ(h.pttPort.isOpen(), !*message);
+        EXPECT_EQ(h.pttPort.openedName, *message ? "" : extra);
+        EXPECT_TRUE(h.scriptedPort->isOpen());
+        ASSERT_EQ(h.dialogs.messages.size(), *message ? 1u : 0u);
+        if (*message) {
+            EXPECT_TRUE(h.dialogs.messages[0].text.startsWith(message));
+        }
+        EXPECT_TRUE(h.c.frmErrorList.txtErrors.text.contains(reason));
+        EXPECT_EQ(h.stored("Settings", "ExtraPttPortEnabled"), "<missing>");
     }
 }
 
-TEST_F(Link, AnExtraPttPortThatCannotBeHadGivesItsMessage) {
-    h.c.s.ExtraPttPortEnabled = true;
-    h.c.s.ExtraPttPort = "3";
-    h.pttPort.failReason = "Device or resource busy";
-    OpenPorts(h.c, "2", "4800,N,8,2");
-    ASSERT_EQ(h.dialogs.messages.size(), 1u);
-    EXPECT_TRUE(h.dialogs.messages[0].text.startsWith("PTT COM Port 3 is not available."));
-    EXPECT_TRUE(h.c.frmErrorList.txtErrors.text.contains("Device or resource busy"));
-    EXPECT_FALSE(h.pttPort.isOpen());
-    EXPECT_TRUE(port().isOpen());
-}
-
-// While the link is dead every tick reopens the ports: the lines go with each opening, no port
-// is let go, no line goes up, and the extra PTT port is opened once, without a trial opening.
+// While the link is dead every tick reopens the ports: the lines go with each
+// opening, no port is let go, no line goes up, and the extra PTT port is opened
+// once, without a trial opening.
 TEST(Recovery, ReopeningKeepsTheLinesLowThroughout) {
     ScriptedRig h(RigFT817);
     h.c.s.ExtraPttPortEnabled = true;

@@ -1,4 +1,5 @@
-// The clock timer, the ten-minute counter, the delay sliders, and the tick's recovery.
+// The clock timer, the ten-minute counter, the delay sliders, and the tick's
+// recovery.
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
 #include "support/fakes.h"
@@ -11,16 +12,13 @@
 namespace veldor::test {
 namespace {
 
-TEST(Clock, ShowsUtcAsHoursMinutesSeconds) {
+TEST(Clock, ShowsUtcAndCountsTenMinutes) {
     Harness h;
     h.clock.utc = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), Qt::UTC);
     h.clock.now = 0;
     tmrClock_Timer(h.c);
     EXPECT_EQ(h.c.f.lblUTC.caption, "03:04:05");
-}
-
-TEST(TenMinuteCounter, CountsDownAndFlashesInTheLastMinute) {
-    Harness h;
+    // The ten-minute counter counts down and flashes in the last minute.
     cmdTenMinCounter_Click(h.c);
     EXPECT_EQ(h.c.f.cmdTenMinCounter.backColour, White);
     tmrClock_Timer(h.c);
@@ -62,36 +60,32 @@ struct Connected : Station {
     }
 };
 
+// A lost reply reopens the port and takes the rig again; the red of a timeout
+// lasts one tick but while a wait is in progress, when the tick leaves at once;
+// a tick with the connection off stops for good.
 TEST(PollTick, ALostReplyReopensThePortAndTakesTheRigAgain) {
     Connected h;
     h.rig().clearTrace();
     h.rig().state().catOn = false;  // the rig forgot its CAT mode, and so is silent
     tmrPollInterval_Timer(h.c);
-    // The unanswered reading of frequency, status and signal, then CAT on again after the
-    // reopening.
+    // The unanswered reading of frequency, status and signal, then CAT on again
+    // after the reopening.
     EXPECT_EQ(h.rigReceived().toHex(' '),
               "00 00 00 00 03 00 00 00 00 f7 00 00 00 00 e7 00 00 00 00 00");
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "3");
+    EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
     EXPECT_TRUE(h.rig().state().catOn);
     EXPECT_TRUE(h.pollTimer.on);
     EXPECT_FALSE(h.c.s.ReplyTimedOut);
+    h.c.s.ReceiveBusy = true;
     h.rig().clearTrace();
     tmrPollInterval_Timer(h.c);
-    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 03 00 00 00 00 f7 00 00 00 00 e7");
-    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
-}
-
-// The red of a timeout lasts one tick; a tick leaves at once while a wait is in progress, and
-// stops for good when the connection is off.
-TEST(PollTick, ClearsTheRedOfATimeoutUnlessAWaitIsInProgress) {
-    Connected h;
-    h.c.f.lblTimeoutCount = {{}, "3", Red};
-    h.c.s.ReceiveBusy = true;
-    tmrPollInterval_Timer(h.c);
-    EXPECT_TRUE(h.pollTimer.on);
+    EXPECT_TRUE(h.rigReceived().isEmpty());
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, Red);
     h.c.s.ReceiveBusy = false;
     tmrPollInterval_Timer(h.c);
+    EXPECT_EQ(h.rigReceived().toHex(' '), "00 00 00 00 03 00 00 00 00 f7 00 00 00 00 e7");
+    EXPECT_EQ(h.c.f.txtVfoA.text, "14.250.00");
     EXPECT_EQ(h.c.f.lblTimeoutCount.backColour, ButtonFace);
     EXPECT_EQ(h.c.f.lblTimeoutCount.caption, "3");
     h.c.f.chkOnOff.value = 0;
@@ -130,7 +124,8 @@ TEST(PollTick, AnErrorInTheTickIsShownAndStopsPolling) {
     EXPECT_FALSE(h.pollTimer.on);
     ASSERT_EQ(h.dialogs.messages.size(), 1u);
     EXPECT_EQ(h.dialogs.messages[0].text,
-              "Error 5 (Device I/O error) in procedure tmrPollInterval_Timer of Form Form1");
+              "Error 5 (Device I/O error) in procedure tmrPollInterval_Timer of "
+              "Form Form1");
 }
 
 TEST(Messages, TheFirstLineOpensTheWindowAndAClosedWindowStartsAfresh) {

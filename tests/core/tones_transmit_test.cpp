@@ -13,8 +13,9 @@
 namespace veldor::test {
 namespace {
 
-// A scripted rig with the window fitted to it, acknowledging each binary command; what it
-// was sent reads as text for the FT-450 and as hex for the others.
+// A scripted rig with the window fitted to it, acknowledging each binary
+// command; what it was sent reads as text for the FT-450 and as hex for the
+// others.
 struct Fitted : Wire {
     explicit Fitted(const QString& rig, const QByteArray& reply = Bytes({0}))
         : Wire(rig, rig == RigFT450 ? QByteArray() : reply) {
@@ -70,7 +71,8 @@ TEST(ToneValues, AnIndexBeyondTheListIsARunTimeErrorThatStopsPolling) {
     tmrPollInterval_Timer(st.c);
     ASSERT_FALSE(st.dialogs.messages.empty());
     EXPECT_EQ(st.dialogs.messages.back().text,
-              "Error 9 (Subscript out of range) in procedure tmrPollInterval_Timer of Form Form1");
+              "Error 9 (Subscript out of range) in procedure "
+              "tmrPollInterval_Timer of Form Form1");
     EXPECT_FALSE(st.pollTimer.on);
 }
 
@@ -93,7 +95,8 @@ TEST(ToneOff, SwitchesEachRigsToneOffAndClearsTheLights) {
     }
 }
 
-TEST(ApplyRepeaterShift, SendsShiftThenOffset) {
+// The shift, then the offset, each sent once only; a new offset goes alone.
+TEST(ApplyRepeaterShift, SendsShiftThenOffsetOnce) {
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"FT817", "FM", "-", "09 00 00 00 09 00 06 00 00 f9"},
         {"FT857", "FM", "+", "49 00 00 00 09 00 06 00 00 f9"},
@@ -107,35 +110,35 @@ TEST(ApplyRepeaterShift, SendsShiftThenOffset) {
         {"FRG100", "FM", "+", ""},
     };
     for (const auto& [rig, mode, shift, sent] : cases) {
+        SCOPED_TRACE(std::string(rig) + " " + mode + " " + shift);
         Fitted w(rig);
         w.c.f.txtMode.text = mode;
         w.c.s.TargetShift = shift;
         w.c.s.TargetOffset = "600";
         w.c.s.ShiftPending = true;
         ApplyRepeaterShift(w.c);
-        EXPECT_EQ(w.sent(), sent) << rig << " " << mode << " " << shift;
+        EXPECT_EQ(w.sent(), sent);
         EXPECT_FALSE(w.c.s.ShiftPending);
+        if (!*sent) continue;
+        w.clear();
+        ApplyRepeaterShift(w.c);
+        EXPECT_TRUE(w.sent().isEmpty());
     }
-    Fitted ft450(RigFT450);
-    ft450.c.f.txtMode.text = "FM";
-    ft450.c.s.TargetShift = "-";
-    ApplyRepeaterShift(ft450.c);
-    EXPECT_EQ(ft450.c.f.cmdShiftMinus.backColour, PaleGreen);
-    EXPECT_EQ(ft450.c.f.cmdShiftPlus.backColour, ButtonFace);
-}
-
-TEST(ApplyRepeaterShift, SendsNothingTwice) {
     Fitted w(RigFT817);
     w.c.f.txtMode.text = "FM";
     w.c.s.TargetShift = "+";
     w.c.s.TargetOffset = "600";
     ApplyRepeaterShift(w.c);
     w.clear();
-    ApplyRepeaterShift(w.c);
-    EXPECT_TRUE(w.hex().isEmpty());
     w.c.s.TargetOffset = "1600";  // 1.6 MHz
     ApplyRepeaterShift(w.c);
     EXPECT_EQ(w.hex(), "00 16 00 00 f9");
+    Fitted ft450(RigFT450);
+    ft450.c.f.txtMode.text = "FM";
+    ft450.c.s.TargetShift = "-";
+    ApplyRepeaterShift(ft450.c);
+    EXPECT_EQ(ft450.c.f.cmdShiftMinus.backColour, PaleGreen);
+    EXPECT_EQ(ft450.c.f.cmdShiftPlus.backColour, ButtonFace);
 }
 
 TEST(ShiftButtons, AskOnlyWhenConnectedAndReceiving) {
@@ -156,39 +159,9 @@ TEST(ShiftButtons, AskOnlyWhenConnectedAndReceiving) {
     EXPECT_EQ(h.c.s.TargetShift, "0");
 }
 
-TEST(RepeaterChannel, TheSimulatedRigTakesToneShiftAndOffset) {
-    // VHF on the rigs that have it, the 10 m FM band on the HF rigs; the tone (88.5 Hz) as
-    // each rig keeps it, and the offset but on the FT-920, which has no offset command.
-    const std::tuple<QString, int32_t, int, int, int64_t> cases[] = {
-        {RigFT817, 14500000, 885, -1, 600000},
-        {RigFT857D, 14500000, 885, -1, 600000},
-        {RigFT847, 14500000, 0, 14, 600000},
-        {RigFT450, 2962000, 0, 8, 600000},
-        {RigFT920, 2962000, 0, 9, 0}};
-    for (const auto& [rig, frequency, deciHz, number, offset] : cases) {
-        SCOPED_TRACE(rig.toStdString());
-        OnAir st(rig);
-        State& s = st.c.s;
-        s.TargetFrequency = frequency;
-        s.TargetMode = "FM";
-        s.TargetShift = "-";
-        s.TargetOffset = "600";
-        s.ToneCode = "8";
-        s.ToneEncode = "1";
-        s.FrequencyChangePending = true;
-        st.tick();
-        const sim::RigState& r = st.rig().state();
-        EXPECT_EQ(r.frequencyHz, frequency * 10LL);
-        EXPECT_EQ(r.toneMode, "encode");
-        EXPECT_EQ(r.shift, "-");
-        EXPECT_EQ(r.offsetHz, offset);
-        EXPECT_EQ(r.toneDeciHz, deciHz);
-        EXPECT_EQ(r.toneNumber, number);
-    }
-}
-
 // Transmit switching.
 
+// Each rig's switch; the FT-847 moves to the split frequencies around it.
 TEST(Ptt, SendsEachRigsSwitch) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"FT817", "00 00 00 00 08", "00 00 00 00 88"},
@@ -214,16 +187,11 @@ TEST(Ptt, SendsEachRigsSwitch) {
         EXPECT_FALSE(s.Transmitting || s.PttOffPending);
         EXPECT_EQ(s.IgnoreNextTxStatus, IsAckFamily(rig));
     }
-}
-
-TEST(Ptt, TheFt847MovesToTheSplitFrequenciesAroundTheSwitch) {
     Fitted w(RigFT847, {});
-    w.c.s.LastModeSent = "FM";
+    w.c.s.LastModeSent = w.c.s.SplitTxMode = w.c.s.SplitRxMode = "FM";
     w.c.f.chkSplit.value = 1;
     w.c.s.SplitTxFrequency = 14560000;
-    w.c.s.SplitTxMode = "FM";
     w.c.s.SplitRxFrequency = 43400000;
-    w.c.s.SplitRxMode = "FM";
     PttOn(w.c);
     EXPECT_EQ(w.hex(), "14 56 00 00 01 00 00 00 00 08");
     w.clear();
@@ -239,17 +207,33 @@ struct Keying : Fitted {
     }
 };
 
+// A click raises the switch for the next tick and shows it; an extra PTT port
+// switches at once (DTR, or both lines), and with only RTS to key it takes the
+// place of the rig's switch.
 TEST(TxRxButton, RaisesTheSwitchForTheNextTickAndShowsIt) {
-    Keying k;
-    const CommandButton& button = k.c.f.cmdTxRx;
-    cmdTxRx_Click(k.c);
-    EXPECT_TRUE(k.c.s.PttOnPending);
-    EXPECT_TRUE(button.caption == "TX/rx" && button.backColour == Red && button.pressed);
-    EXPECT_TRUE(k.hex().isEmpty());
-    PttOn(k.c);
-    cmdTxRx_Click(k.c);
-    EXPECT_TRUE(k.c.s.PttOffPending);
-    EXPECT_TRUE(button.caption == "tx/RX" && button.backColour == White && !button.pressed);
+    const std::tuple<bool, int, const char*, bool, bool> cases[] = {
+        {false, 0, "N", false, false}, {true, 0, "N", true, false}, {true, 2, "Y", true, true}};
+    for (const auto& [extraPort, pins, rtsOnly, dtr, rts] : cases) {
+        SCOPED_TRACE(pins);
+        Keying k;
+        k.c.s.ExtraPttPortEnabled = extraPort;
+        k.c.s.ExtraPttPortPins = pins;
+        k.c.s.TXRXcontrolsRTS = rtsOnly;
+        const CommandButton& button = k.c.f.cmdTxRx;
+        cmdTxRx_Click(k.c);
+        const bool viaRig = QString(rtsOnly) == "N";
+        EXPECT_EQ(k.c.s.PttOnPending, viaRig);
+        EXPECT_TRUE(button.caption == "TX/rx" && button.backColour == Red && button.pressed);
+        EXPECT_TRUE(k.hex().isEmpty());
+        EXPECT_EQ(k.pttPort.dtrLine, dtr);
+        EXPECT_EQ(k.pttPort.rtsLine, rts);
+        EXPECT_FALSE(k.scriptedPort->rtsLine);
+        EXPECT_FALSE(k.c.s.Transmitting);
+        PttOn(k.c);
+        cmdTxRx_Click(k.c);
+        EXPECT_EQ(k.c.s.PttOffPending, viaRig);
+        EXPECT_TRUE(button.caption == "tx/RX" && button.backColour == White && !button.pressed);
+    }
 }
 
 TEST(TxRxButton, IsDeadWithoutTransmitEnableOrDuringAScan) {
@@ -267,29 +251,9 @@ TEST(TxRxButton, IsDeadWithoutTransmitEnableOrDuringAScan) {
     EXPECT_FALSE(k.c.s.PttOnPending);
 }
 
-TEST(TxRxButton, TheExtraPortSwitchesAtOnce) {
-    Keying k;
-    k.c.s.ExtraPttPortEnabled = true;
-    k.c.s.ExtraPttPortPins = 0;  // DTR
-    cmdTxRx_Click(k.c);
-    EXPECT_TRUE(k.pttPort.dtrLine);
-    EXPECT_FALSE(k.pttPort.rtsLine);
-    EXPECT_TRUE(k.c.s.PttOnPending);
-    // With only RTS to key, the extra port takes the place of the rig's line.
-    Keying r;
-    r.c.s.ExtraPttPortEnabled = true;
-    r.c.s.ExtraPttPortPins = 2;
-    r.c.s.TXRXcontrolsRTS = "Y";
-    cmdTxRx_Click(r.c);
-    EXPECT_TRUE(r.pttPort.dtrLine);
-    EXPECT_TRUE(r.pttPort.rtsLine);
-    EXPECT_FALSE(r.scriptedPort->rtsLine);
-    EXPECT_FALSE(r.c.s.Transmitting);
-}
-
-// Each route keys, unkeys and keys again, one click each, and keys nothing else; a change of
-// TX enable unkeys it. Keyed, as three digits: the rig by CAT, RTS of the rig's port, the
-// extra PTT port's RTS.
+// Each route keys, unkeys and keys again, one click each, and keys nothing
+// else; a change of TX enable unkeys it. Keyed, as three digits: the rig by
+// CAT, RTS of the rig's port, the extra PTT port's RTS.
 TEST(TxRxButton, UnkeysWhatItKeyedOnEachRoute) {
     const std::tuple<const char*, bool, const char*> routes[] = {
         {"N", false, "100"}, {"Y", false, "010"}, {"Y", true, "001"}};
@@ -317,18 +281,7 @@ TEST(TxRxButton, UnkeysWhatItKeyedOnEachRoute) {
     }
 }
 
-TEST(FollowTxState, TheLinesFollowTheRigsOwnTransmitLight) {
-    Fitted w(RigFT817);
-    w.c.s.ExtraPttPortPins = 1;
-    for (const bool on : {true, false}) {
-        w.c.f.lblTX.backColour = on ? Red : White;
-        FollowTxState(w.c);
-        EXPECT_EQ(w.scriptedPort->rtsLine, on);
-        EXPECT_EQ(w.pttPort.rtsLine, on);
-    }
-}
-
-TEST(LineMenus, TheRtsItemsExcludeEachOtherAndAreSaved) {
+TEST(Lines, TheRtsItemsExcludeEachOtherAndTheLinesFollowTheTransmitLight) {
     Fitted w(RigFT817);
     const Form1& f = w.c.f;
     // The items ticked, as Raise, Link, TX/RX; and the three keys stored.
@@ -352,6 +305,14 @@ TEST(LineMenus, TheRtsItemsExcludeEachOtherAndAreSaved) {
     mnuRaiseDTR_Click(w.c);
     EXPECT_TRUE(w.scriptedPort->dtrLine);
     EXPECT_EQ(w.stored("Settings", "RaiseDTR"), "Y");
+    // Both RTS lines follow the rig's own transmit light.
+    w.c.s.ExtraPttPortPins = 1;
+    for (const bool on : {true, false}) {
+        w.c.f.lblTX.backColour = on ? Red : White;
+        FollowTxState(w.c);
+        EXPECT_EQ(w.scriptedPort->rtsLine, on);
+        EXPECT_EQ(w.pttPort.rtsLine, on);
+    }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Frequency and mode writes: the nearest mode, the bytes of every rig, the order of tone and
-// frequency, and the mode buttons.
+// Frequency and mode writes: the nearest mode, the bytes of every rig, the
+// order of tone and frequency, and the mode buttons.
 #include "protocol/write_frequency.h"
 #include "cycle/start_stop.h"
 #include "link/catalogue.h"
@@ -64,6 +64,9 @@ TEST(SetFrequencyAndMode, CodesTheFrequencyInEachRigsForm) {
     }
 }
 
+// The mode goes only when it changes, and alone when the frequency is outside
+// the rig. The FT-817 reads an acknowledgement after each command (a silent
+// rig: each times out), the FT-847 none.
 TEST(SetFrequencyAndMode, SendsTheModeOnlyWhenItChanges) {
     Wire w(RigFT817, Bytes({0}));
     Write(w, 1425000, "LSB");
@@ -73,10 +76,12 @@ TEST(SetFrequencyAndMode, SendsTheModeOnlyWhenItChanges) {
     w.clear();
     Write(w, 1425100, "LSB");
     EXPECT_EQ(w.hex(), "01 42 51 00 01");
-}
-
-TEST(SetFrequencyAndMode, TheFt817ReadsAnAcknowledgementAfterEachCommandTheFt847None) {
-    Wire ft817(RigFT817);  // a silent rig: every acknowledgement times out
+    w.clear();
+    Write(w, 99999999, "AM");
+    EXPECT_EQ(w.hex(), "04 00 00 00 07");
+    EXPECT_TRUE(w.c.s.FrequencyOutOfRange);
+    EXPECT_EQ(w.c.s.CurrentFrequency, 700000);  // as it was
+    Wire ft817(RigFT817);
     Write(ft817, 1425000, "CW");
     EXPECT_EQ(ft817.c.f.lblTimeoutCount.caption, "2");
     Wire ft847(RigFT847);
@@ -86,7 +91,8 @@ TEST(SetFrequencyAndMode, TheFt817ReadsAnAcknowledgementAfterEachCommandTheFt847
     EXPECT_FALSE(ft847.c.s.ReplyTimedOut);
 }
 
-// The mode command of each rig; the FT-450's user LSB goes without its semicolon.
+// The mode command of each rig; the FT-450's user LSB goes without its
+// semicolon.
 TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"FT817", "FMN", "08 00 00 00 07"},     {"FT857", "FMN", "88 00 00 00 07"},
@@ -106,15 +112,7 @@ TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     }
 }
 
-TEST(SetFrequencyAndMode, AFrequencyOutsideTheRigSendsOnlyTheMode) {
-    Wire w(RigFT817, Bytes({0}));
-    Write(w, 99999999, "AM");
-    EXPECT_EQ(w.hex(), "04 00 00 00 07");
-    EXPECT_TRUE(w.c.s.FrequencyOutOfRange);
-    EXPECT_EQ(w.c.s.CurrentFrequency, 700000);
-}
-
-TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
+TEST(Vr5000, SendsModeWithStepAndKeepsFrequencyAndMode) {
     Wire w(RigVR5000);
     w.c.s.StepWAM = 0x63;
     Write(w, 1425000, "WAM");
@@ -133,10 +131,26 @@ TEST(SetFrequencyAndMode, Vr5000SendsModeWithStepAndKeepsFrequencyAndMode) {
     EXPECT_EQ(w.hex(), "88 14 00 00 37 00 de 21 3c 31");
     EXPECT_EQ(w.c.s.VR5000ModeSub, "f");
     EXPECT_EQ(w.c.s.VR5000FrequencySub, 14557500);
+    // Its mode buttons send the mode with the step and remember the channel.
+    Wire v(RigVR5000);
+    v.c.f.txtVfoA.text = "14.250.00";
+    v.c.s.StepUSB = 0x02;
+    v.c.s.ModeButtonIndex = 7;
+    ApplyModeButton(v.c);
+    EXPECT_EQ(v.hex(), "01 02 00 00 07");
+    EXPECT_EQ(v.c.f.txtMode.text, "USB");
+    EXPECT_EQ(v.c.s.VR5000Step, 10);
+    EXPECT_EQ(v.stored("Settings", "VR5000LastFreqMode"), "14.250u00");
+    // A member the receiver has no button for changes nothing.
+    v.clear();
+    v.c.s.ModeButtonIndex = 5;
+    ApplyModeButton(v.c);
+    EXPECT_TRUE(v.hex().isEmpty());
+    EXPECT_EQ(v.c.s.LastModeSent, "USB");
 }
 
-// Tones: on before the frequency, off after it, and after it when the decoder was on; none
-// from the rigs without tones.
+// Tones: on before the frequency, off after it, and after it when the decoder
+// was on; none from the rigs without tones.
 TEST(SetFrequencyAndMode, SendsTonesInTheirOrderAroundTheFrequency) {
     const std::tuple<const char*, const char*, const char*, const char*, int32_t, const char*>
         cases[] = {
@@ -169,15 +183,9 @@ TEST(SetFrequencyAndMode, SendsTonesInTheirOrderAroundTheFrequency) {
     EXPECT_TRUE(w.c.s.ExtraDelayNeeded);
 }
 
-struct ButtonCase {
-    const char* rig;
-    int index;
-    const char* sent;
-    const char* mode;
-};
-
+// Each rig's code for a button; a click while transmitting is lost.
 TEST(ModeButtons, SendEachRigsCodeAndShowTheMode) {
-    const ButtonCase cases[] = {
+    const std::tuple<const char*, int, const char*, const char*> cases[] = {
         {"FT847", 3, "08 00 00 00 07", "FM"},
         {"FT817", 6, "0a 00 00 00 07", "DIG"},
         {"FT857D", 8, "88 00 00 00 07", "FMN"},
@@ -190,61 +198,38 @@ TEST(ModeButtons, SendEachRigsCodeAndShowTheMode) {
         {"FT920", 10, "00 00 00 09 0c", "RTYL"},
         {"FT450", 7, "MD08;", "USRL"},  // with its semicolon here
     };
-    for (const ButtonCase& t : cases) {
-        Wire w(t.rig, Acks(t.rig));
-        w.c.f.txtMode.text = "USB";
-        w.c.s.ModeButtonIndex = t.index;
-        w.c.s.ModeButtonPending = true;
-        ApplyModeButton(w.c);
-        EXPECT_EQ(Sent(w), t.sent) << t.rig << " " << t.index;
-        EXPECT_EQ(w.c.f.txtMode.text, t.mode);
-        EXPECT_EQ(w.c.s.LastModeSent, t.mode);
-        EXPECT_FALSE(w.c.s.ModeButtonPending);
-    }
+    for (const bool transmitting : {false, true})
+        for (const auto& [rig, index, sent, mode] : cases) {
+            SCOPED_TRACE(std::string(rig) + " " + std::to_string(index));
+            Wire w(rig, Acks(rig));
+            w.c.f.txtMode.text = "USB";
+            w.c.s.Transmitting = transmitting;
+            w.c.s.ModeButtonIndex = index;
+            w.c.s.ModeButtonPending = true;
+            ApplyModeButton(w.c);
+            EXPECT_EQ(Sent(w), transmitting ? "" : sent);
+            EXPECT_EQ(w.c.f.txtMode.text, transmitting ? "USB" : mode);
+            if (!transmitting) {
+                EXPECT_EQ(w.c.s.LastModeSent, mode);
+            }
+            EXPECT_FALSE(w.c.s.ModeButtonPending);
+        }
 }
 
+// The FT-847's narrow button narrows the mode shown; there is no narrow USB.
 TEST(ModeButtons, TheFt847NarrowButtonNarrowsTheModeShown) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"CW", "82"}, {"CWRN", "83"}, {"AM", "84"}, {"FMN", "88"}};
-    for (const auto& [shown, code] : cases) {
+    const std::pair<const char*, const char*> cases[] = {{"CW", "82 00 00 00 07"},
+                                                         {"CWRN", "83 00 00 00 07"},
+                                                         {"AM", "84 00 00 00 07"},
+                                                         {"FMN", "88 00 00 00 07"},
+                                                         {"USB", ""}};
+    for (const auto& [shown, sent] : cases) {
         Wire w(RigFT847);
         w.c.f.txtMode.text = shown;
         w.c.s.ModeButtonIndex = 6;
         ApplyModeButton(w.c);
-        EXPECT_EQ(w.hex(), QString(code) + " 00 00 00 07");
+        EXPECT_EQ(w.hex(), sent);
     }
-    Wire usb(RigFT847);
-    usb.c.f.txtMode.text = "USB";
-    usb.c.s.ModeButtonIndex = 6;
-    ApplyModeButton(usb.c);
-    EXPECT_TRUE(usb.hex().isEmpty());
-    EXPECT_EQ(usb.c.s.LastModeSent, "USB");
-}
-
-TEST(ModeButtons, Vr5000ButtonsSendModeAndStepAndRememberTheChannel) {
-    Wire w(RigVR5000);
-    w.c.f.txtVfoA.text = "14.250.00";
-    w.c.s.StepUSB = 0x02;
-    w.c.s.ModeButtonIndex = 7;
-    ApplyModeButton(w.c);
-    EXPECT_EQ(w.hex(), "01 02 00 00 07");
-    EXPECT_EQ(w.c.f.txtMode.text, "USB");
-    EXPECT_EQ(w.c.s.VR5000Step, 10);
-    EXPECT_EQ(w.stored("Settings", "VR5000LastFreqMode"), "14.250u00");
-    // A member the receiver has no button for changes nothing.
-    w.clear();
-    w.c.s.ModeButtonIndex = 5;
-    ApplyModeButton(w.c);
-    EXPECT_TRUE(w.hex().isEmpty());
-    EXPECT_EQ(w.c.s.LastModeSent, "USB");
-}
-
-TEST(ModeButtons, AClickWhileTransmittingIsLost) {
-    Wire w(RigFT817, Bytes({0}));
-    w.c.s.Transmitting = w.c.s.ModeButtonPending = true;
-    ApplyModeButton(w.c);
-    EXPECT_FALSE(w.c.s.ModeButtonPending);
-    EXPECT_TRUE(w.hex().isEmpty());
 }
 
 TEST(ModeButtons, AClickSendsNothingUntilTheNextTickNorWhileSwitchedOff) {
@@ -261,36 +246,6 @@ TEST(ModeButtons, AClickSendsNothingUntilTheNextTickNorWhileSwitchedOff) {
     st.rig().clearTrace();
     st.tick();
     EXPECT_TRUE(st.rigReceived().isEmpty());
-}
-
-// Every rig goes where the tick's frequency change tells it, as the simulator decodes it.
-struct RoundTrip {
-    const char* rig;
-    int32_t frequency;
-    const char* mode;
-    int64_t hz;
-    const char* simMode;
-};
-
-TEST(FrequencyChange, EveryRigArrivesOnTheFrequencyAndMode) {
-    const RoundTrip cases[] = {
-        {"FT817", 707400, "LSB", 7074000, "LSB"},    {"FT817ND", 14557500, "FMN", 145575000, "FM"},
-        {"FT847", 43350000, "FM", 433500000, "FM"},  {"FT857", 2107400, "DIG", 21074000, "DIG"},
-        {"FT857D", 5025000, "USB", 50250000, "USB"}, {"FT897", 14500000, "FMN", 145000000, "FMN"},
-        {"FT897D", 352500, "CWR", 3525000, "CWR"},   {"FT450", 707400, "RTYL", 7074000, "RTYL"},
-        {"FT920", 2810000, "CWR", 28100000, "CWR"},  {"FT1000MP", 1810000, "AMS", 18100000, "AMS"},
-        {"FRG100", 603000, "AM", 6030000, "AM"},     {"VR5000", 9880000, "WFM", 98800000, "WFM"},
-    };
-    for (const RoundTrip& t : cases) {
-        OnAir st(t.rig);
-        st.c.s.TargetFrequency = t.frequency;
-        st.c.s.TargetMode = t.mode;
-        st.c.s.FrequencyChangePending = true;
-        st.tick();
-        EXPECT_EQ(st.rig().state().frequencyHz, t.hz) << t.rig;
-        EXPECT_EQ(st.rig().state().mode, t.simMode) << t.rig;
-        EXPECT_FALSE(st.c.s.FrequencyChangePending);
-    }
 }
 
 }  // namespace
