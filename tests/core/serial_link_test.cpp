@@ -284,20 +284,5 @@ TEST_F(Link, AVr5000DragSnapsToTheTuningStep) {
     }
 }
 
-TEST_F(Link, TheRangeCheckFollowsTheRigsRanges) {
-    const std::tuple<QString, int32_t, bool> cases[] = {
-        {RigFT847, 760000, true},    {RigFT847, 7600001, false},  {RigFT847, 10800000, true},
-        {RigFT817, 5600000, true},   {RigFT817, 5600001, false},  {RigFT817ND, 47000000, true},
-        {RigFT857D, 11800000, true}, {RigFT897, 11799999, false}, {RigFT450, 2999, false},
-        {RigFT920, 4800000, true},   {RigFT920, 4000000, false},  {RigVR5000, 259999998, true},
-        {RigFRG100, 0, true},        {RigFT1000MP, 0, true},      {RigFT1000MP, -5, false},
-        {RigNotSet, 999999999, true}};
-    for (const auto& [rig, frequency, inRange] : cases) {
-        h.c.s.RigType = rig;
-        EXPECT_EQ(CheckFrequencyRange(h.c, frequency), inRange) << rig.toStdString() << frequency;
-        EXPECT_EQ(h.c.s.FrequencyOutOfRange, !inRange);
-    }
-}
-
 }  // namespace
 }  // namespace veldor::test
