@@ -21,7 +21,6 @@ struct Fitted : Wire {
         : Wire(rig, rig == RigFT450 ? QByteArray() : reply) {
         CustomiseForms(c);
     }
-    QString sent() { return c.s.RigType == RigFT450 ? QString(text()) : hex(); }
 };
 
 TEST(SendToneSettings, SendsEachRigsToneAndMode) {

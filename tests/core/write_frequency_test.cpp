@@ -21,11 +21,6 @@ QByteArray Acks(const QString& rig) {
     return rig == RigFT450 ? QByteArray() : Bytes({0});
 }
 
-// What the rig was sent: text for the FT-450, hex for the others.
-QString Sent(Wire& w) {
-    return w.c.s.RigType == RigFT450 ? QString(w.text()) : w.hex();
-}
-
 TEST(ModeForRig, GivesTheNearestModeOfEachRig) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"FT817", "WAM", "AM"},     {"FT817ND", "FMN", "FM"},   {"FT817", "PKTF", "PKT"},
@@ -60,7 +55,7 @@ TEST(SetFrequencyAndMode, CodesTheFrequencyInEachRigsForm) {
         w.c.s.VfoLetter = vfoA ? "A" : "B";
         w.c.s.LastModeSent = "USB";
         Write(w, 1425000, "USB");
-        EXPECT_EQ(Sent(w), sent) << rig << vfoA;
+        EXPECT_EQ(w.sent(), sent) << rig << vfoA;
     }
 }
 
@@ -107,8 +102,8 @@ TEST(SetFrequencyAndMode, SendsEachRigsModeCode) {
     for (const auto& [rig, mode, sent] : cases) {
         Wire w(rig, Acks(rig));
         Write(w, 1425000, mode);
-        EXPECT_TRUE(Sent(w).startsWith(sent))
-            << rig << " " << mode << ": " << Sent(w).toStdString();
+        EXPECT_TRUE(w.sent().startsWith(sent))
+            << rig << " " << mode << ": " << w.sent().toStdString();
     }
 }
 
@@ -207,7 +202,7 @@ TEST(ModeButtons, SendEachRigsCodeAndShowTheMode) {
             w.c.s.ModeButtonIndex = index;
             w.c.s.ModeButtonPending = true;
             ApplyModeButton(w.c);
-            EXPECT_EQ(Sent(w), transmitting ? "" : sent);
+            EXPECT_EQ(w.sent(), transmitting ? "" : sent);
             EXPECT_EQ(w.c.f.txtMode.text, transmitting ? "USB" : mode);
             if (!transmitting) {
                 EXPECT_EQ(w.c.s.LastModeSent, mode);

@@ -2,6 +2,7 @@
 // fresh core on a temporary settings folder.
 #pragma once
 
+#include "link/catalogue.h"
 #include "link/core.h"
 #include "platform/ini_store.h"
 #include "platform/serial_settings.h"
@@ -344,6 +345,8 @@ struct Wire : ScriptedRig {
     explicit Wire(const QString& rig, const QByteArray& reply = {});
     QString hex() { return scriptedPort->allWritten().toHex(' '); }
     QByteArray text() { return scriptedPort->allWritten(); }
+    // What the rig was sent as its manual writes it: text for the FT-450, hex for the others.
+    QString sent() { return c.s.RigType == RigFT450 ? QString(text()) : hex(); }
     void clear() { scriptedPort->written.clear(); }
 };
 
